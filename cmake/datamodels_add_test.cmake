@@ -1,0 +1,22 @@
+# datamodels_add_test(<name> SOURCES <file>... [LIBRARIES <target>...] [LABELS <label>...] [DISPLAY])
+#
+# One test program `tst_<name>`, linked with the library and the test kit. DISPLAY runs it in a real window under Xvfb;
+# the others run on the offscreen platform.
+function(datamodels_add_test name)
+  cmake_parse_arguments(ARG "DISPLAY" "" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+
+  add_executable(tst_${name} ${ARG_SOURCES})
+  target_link_libraries(tst_${name} PRIVATE datamodels::datamodels datamodels_test_support Qt5::Test
+                        datamodels_options ${ARG_LIBRARIES})
+  target_precompile_headers(tst_${name} PRIVATE <QAbstractItemModel> <QtTest> <memory> <vector>)
+
+  if(ARG_DISPLAY)
+    add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1600x1000x24" $<TARGET_FILE:tst_${name}>)
+    # xvfb-run probes for a free display number, which two of them at once get wrong.
+    set_tests_properties(${name} PROPERTIES RESOURCE_LOCK display ENVIRONMENT "QT_QPA_PLATFORM=xcb")
+  else()
+    add_test(NAME ${name} COMMAND tst_${name})
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  endif()
+  set_tests_properties(${name} PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 300)
+endfunction()

@@ -82,3 +82,8 @@ DATAMODELS_HOST_API bool assertionFailed(const char* condition, const char* deta
 #define OZY_ASSERT_DETAIL(text, ...)                                                                                   \
     (::Ozy::Detail::assertionValue(__VA_ARGS__)                                                                        \
      || ::Ozy::Detail::assertionFailed(#__VA_ARGS__, text, std::source_location::current()))
+
+/// For a condition that has to be tested in another way than it reads, so as to be safe for any input.
+#define OZY_ASSERT_AS(condition, ...)                                                                                  \
+    (::Ozy::Detail::assertionValue(__VA_ARGS__)                                                                        \
+     || ::Ozy::Detail::assertionFailed(condition, "", std::source_location::current()))

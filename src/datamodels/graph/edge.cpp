@@ -1,0 +1,7 @@
+#include <datamodels/graph/edge.h>
+
+namespace datamodels {
+
+Edge::Edge(Vertex* from, Vertex* to, QObject* parent) : QObject(parent), m_from(from), m_to(to) {}
+
+} // namespace datamodels

@@ -5,6 +5,7 @@
 #include <QQmlEngine>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -139,10 +140,10 @@ bool GraphModel::addVertex(Vertex* vertex, int row)
     if (!vertex || m_vertices.contains(vertex) || target < 0 || target > m_vertices.size())
         return false;
 
-    beginInsertRows(verticesIndex(), target, target);
-    m_vertices.insert(target, vertex);
-    endInsertRows();
-
+    {
+        const ModelScopes::InsertRows scope(*this, verticesIndex(), static_cast<std::size_t>(target), 1);
+        m_vertices.insert(target, vertex);
+    }
     if (m_vertices.size() == 1)
         Q_EMIT isEmptyChanged();
     return true;
@@ -161,9 +162,8 @@ bool GraphModel::addEdge(Edge* edge, int row)
     const bool r = left && entered;
     OZY_ASSERT(r);
 
-    beginInsertRows(edgesIndex(), target, target);
+    const ModelScopes::InsertRows scope(*this, edgesIndex(), static_cast<std::size_t>(target), 1);
     m_edges.insert(target, edge);
-    endInsertRows();
     return true;
 }
 
@@ -189,10 +189,10 @@ void GraphModel::removeVertex(Vertex* v)
     const int row = m_vertices.rowOf(v);
     if (row == -1)
         return;
-    beginRemoveRows(verticesIndex(), row, row);
-    m_vertices.removeAt(row);
-    endRemoveRows();
-
+    {
+        const ModelScopes::RemoveRows scope(*this, verticesIndex(), static_cast<std::size_t>(row), 1);
+        m_vertices.removeAt(row);
+    }
     if (m_vertices.empty()) {
         OZY_ASSERT(m_edges.empty());
         Q_EMIT isEmptyChanged();
@@ -202,14 +202,13 @@ void GraphModel::removeVertex(Vertex* v)
 void GraphModel::unlistEdge(Edge* edge, Vertex* otherEnd, bool (Vertex::*erase)(Edge*))
 {
     const int row = m_edges.rowOf(edge);
+    std::optional<ModelScopes::RemoveRows<GraphModel>> scope;
     if (row != -1) {
-        beginRemoveRows(edgesIndex(), row, row);
+        scope.emplace(*this, edgesIndex(), static_cast<std::size_t>(row), 1);
         m_edges.removeAt(row);
     }
     const bool r = (otherEnd->*erase)(edge);
     OZY_ASSERT(r);
-    if (row != -1)
-        endRemoveRows();
 }
 
 void GraphModel::removeEdge(Edge* e)
@@ -225,9 +224,8 @@ void GraphModel::removeEdge(Edge* e)
     const int row = m_edges.rowOf(e);
     if (row == -1)
         return;
-    beginRemoveRows(edgesIndex(), row, row);
+    const ModelScopes::RemoveRows scope(*this, edgesIndex(), static_cast<std::size_t>(row), 1);
     m_edges.removeAt(row);
-    endRemoveRows();
 }
 
 bool GraphModel::moveRow(const QModelIndex& sourceParent, int sourceRow, const QModelIndex& destinationParent,
@@ -258,10 +256,11 @@ void GraphModel::resetData(QList<Vertex*> vertices, QList<Edge*> edges)
 
 void GraphModel::replaceLists(QList<Vertex*> vertices, QList<Edge*> edges)
 {
-    beginResetModel();
-    m_vertices.assign(std::move(vertices));
-    m_edges.assign(std::move(edges));
-    endResetModel();
+    {
+        const ModelScopes::Reset scope(*this);
+        m_vertices.assign(std::move(vertices));
+        m_edges.assign(std::move(edges));
+    }
     Q_EMIT isEmptyChanged();
 }
 

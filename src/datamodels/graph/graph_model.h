@@ -4,6 +4,7 @@
 #include <datamodels/graph/edge.h>
 #include <datamodels/graph/element_list.h>
 #include <datamodels/graph/vertex.h>
+#include <datamodels/model_scopes.h>
 
 #include <QAbstractItemModel>
 #include <QList>
@@ -91,6 +92,8 @@ Q_SIGNALS:
     void isEmptyChanged();
 
 private:
+    friend struct ::ModelScopes;
+
     QModelIndex edgesIndex() const { return createIndex(0, 0, nullptr); }
     QModelIndex verticesIndex() const { return createIndex(1, 0, nullptr); }
     void unlistEdge(Edge* edge, Vertex* otherEnd, bool (Vertex::*erase)(Edge*));

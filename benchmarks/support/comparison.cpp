@@ -14,6 +14,13 @@ namespace {
 
 constexpr char separator = '|';
 
+// As added: the runs themselves come in random order.
+std::vector<std::string>& caseNames()
+{
+    static std::vector<std::string> names;
+    return names;
+}
+
 /// Best round of each case, and its ratio to the first case of its job.
 class RatioReporter : public benchmark::BenchmarkReporter
 {
@@ -26,9 +33,7 @@ public:
             if (run.run_type != Run::RT_Iteration)
                 continue;
             const std::string& name = run.run_name.function_name;
-            const auto [best, isNew] = m_best.try_emplace(name, std::numeric_limits<double>::max());
-            if (isNew)
-                m_order.push_back(name);
+            const auto best = m_best.try_emplace(name, std::numeric_limits<double>::max()).first;
             best->second = std::min(best->second, run.real_accumulated_time / static_cast<double>(run.iterations));
         }
     }
@@ -37,7 +42,9 @@ public:
     {
         std::string job;
         double peer = 0;
-        for (const std::string& name : m_order) {
+        for (const std::string& name : caseNames()) {
+            if (m_best.count(name) == 0)
+                continue; // filtered out on the command line
             const std::string itsJob = name.substr(0, name.find(separator));
             if (itsJob != job) {
                 job = itsJob;
@@ -50,7 +57,6 @@ public:
 
 private:
     std::map<std::string, double> m_best;
-    std::vector<std::string> m_order;
 };
 
 } // namespace
@@ -73,6 +79,7 @@ Comparison& Comparison::addPlain(const std::string& name, Timed timed)
 Comparison& Comparison::addQuantity(const std::string& name, std::function<double()> measure)
 {
     const std::string fullName = m_job + separator + name;
+    caseNames().push_back(fullName);
     benchmark::RegisterBenchmark(fullName.c_str(), [measure = std::move(measure)](benchmark::State& state) {
         for (auto _ : state)
             state.SetIterationTime(measure());

@@ -8,80 +8,99 @@ namespace qelm::datamodels::proxy {
 
 bool SortKeys::isLess(const QModelIndex& left, const QModelIndex& right)
 {
-    makeRoom(left);
-    makeRoom(right);
-    const Key& first = key(left);
-    const Key& second = key(right);
-    if (first.type != second.type)
-        return proxy::isLess(first.value, second.value, m_order);
-
-    switch (first.type) {
-    case QMetaType::Int:
-    case QMetaType::LongLong: return first.integer < second.integer;
-    case QMetaType::UInt:
-    case QMetaType::ULongLong: return first.natural < second.natural;
-    case QMetaType::Double:
-    case QMetaType::Float: return first.real < second.real;
-    case QMetaType::QString: return isLessText(first, second);
-    default: return proxy::isLess(first.value, second.value, m_order);
+    const Kind kind = kindAt(left);
+    const auto a = static_cast<std::size_t>(left.row());
+    const auto b = static_cast<std::size_t>(right.row());
+    const bool isSameKind = kindAt(right) == kind;
+    if (isSameKind) {
+        switch (kind) {
+        case Kind::Int:
+        case Kind::LongLong: return m_slots[a].integer < m_slots[b].integer;
+        case Kind::UInt:
+        case Kind::ULongLong: return m_slots[a].natural < m_slots[b].natural;
+        case Kind::Double:
+        case Kind::Float: return m_slots[a].real < m_slots[b].real;
+        case Kind::PlainText:
+            return m_order.localeAware ? QString::localeAwareCompare(m_texts[a], m_texts[b]) < 0 : m_texts[a] < m_texts[b];
+        case Kind::Other: return proxy::isLess(m_values[a], m_values[b], m_order);
+        case Kind::Text:
+        case Kind::Empty: break;
+        }
     }
+    return proxy::isLess(left.data(m_role), right.data(m_role), m_order);
 }
 
 QVariant SortKeys::value(const QModelIndex& index)
 {
     makeRoom(index);
-    return key(index).value;
+    const auto row = static_cast<std::size_t>(index.row());
+    if (m_kinds[row] != Kind::Other || m_slots[row].id != index.internalId()) {
+        const QVariant value = index.data(m_role);
+        m_slots[row].id = index.internalId();
+        m_values.resize(m_slots.size());
+        m_values[row] = value;
+        m_kinds[row] = Kind::Other;
+    }
+    return m_values[row];
+}
+
+void SortKeys::clear()
+{
+    std::fill(m_kinds.begin(), m_kinds.end(), Kind::Empty);
+}
+
+SortKeys::Kind SortKeys::kindAt(const QModelIndex& index)
+{
+    const auto row = static_cast<std::size_t>(index.row());
+    if (row < m_slots.size() && m_kinds[row] != Kind::Empty && m_slots[row].id == index.internalId())
+        return m_kinds[row];
+
+    makeRoom(index);
+    const Kind kind = fill(row, index.data(m_role));
+    m_slots[row].id = index.internalId();
+    m_kinds[row] = kind;
+    return kind;
 }
 
 void SortKeys::makeRoom(const QModelIndex& index)
 {
-    if (static_cast<std::size_t>(index.row()) >= m_keys.size())
-        m_keys.resize(static_cast<std::size_t>(std::max(index.row() + 1, index.model()->rowCount(index.parent()))));
+    if (static_cast<std::size_t>(index.row()) < m_slots.size())
+        return;
+    const int rows = std::max(index.row() + 1, index.model()->rowCount(index.parent()));
+    m_kinds.resize(static_cast<std::size_t>(rows), Kind::Empty);
+    m_slots.resize(m_kinds.size());
 }
 
-SortKeys::Key& SortKeys::key(const QModelIndex& index)
+SortKeys::Kind SortKeys::fill(std::size_t row, const QVariant& value)
 {
-    Key& key = m_keys[static_cast<std::size_t>(index.row())];
-    if (key.generation != m_generation || key.id != index.internalId())
-        fill(key, index);
-    return key;
-}
-
-void SortKeys::fill(Key& key, const QModelIndex& index) const
-{
-    key.generation = m_generation;
-    key.id = index.internalId();
-    key.value = index.data(m_role);
-    key.type = key.value.userType();
-    switch (key.type) {
-    case QMetaType::Int: key.integer = key.value.toInt(); break;
-    case QMetaType::LongLong: key.integer = key.value.toLongLong(); break;
-    case QMetaType::UInt: key.natural = key.value.toUInt(); break;
-    case QMetaType::ULongLong: key.natural = key.value.toULongLong(); break;
-    case QMetaType::Double:
-    case QMetaType::Float: key.real = key.value.toDouble(); break;
-    case QMetaType::QString: fillText(key); break;
-    default: break;
+    Slot& slot = m_slots[row];
+    switch (value.userType()) {
+    case QMetaType::Int: slot.integer = value.toInt(); return Kind::Int;
+    case QMetaType::LongLong: slot.integer = value.toLongLong(); return Kind::LongLong;
+    case QMetaType::UInt: slot.natural = value.toUInt(); return Kind::UInt;
+    case QMetaType::ULongLong: slot.natural = value.toULongLong(); return Kind::ULongLong;
+    case QMetaType::Double: slot.real = value.toDouble(); return Kind::Double;
+    case QMetaType::Float: slot.real = static_cast<double>(value.toFloat()); return Kind::Float;
+    case QMetaType::QString: return fillText(row, value.toString());
+    default:
+        m_values.resize(m_slots.size());
+        m_values[row] = value;
+        return Kind::Other;
     }
 }
 
-// Character by character, as Qt compares: folding a whole text would expand some letters and sort them elsewhere.
-void SortKeys::fillText(Key& key) const
+// Folded character by character, as Qt compares: folding a whole text would expand some letters and sort them elsewhere.
+SortKeys::Kind SortKeys::fillText(std::size_t row, const QString& text)
 {
-    key.text = key.value.toString();
-    key.isPlain = std::none_of(key.text.cbegin(), key.text.cend(), [](QChar character) { return character.isSurrogate(); });
-    if (key.isPlain && !m_order.localeAware && m_order.caseSensitivity == Qt::CaseInsensitive) {
-        for (QChar& character : key.text)
+    if (std::any_of(text.cbegin(), text.cend(), [](QChar character) { return character.isSurrogate(); }))
+        return Kind::Text;
+    m_texts.resize(m_slots.size());
+    m_texts[row] = text;
+    if (!m_order.localeAware && m_order.caseSensitivity == Qt::CaseInsensitive) {
+        for (QChar& character : m_texts[row])
             character = character.toCaseFolded();
     }
-}
-
-bool SortKeys::isLessText(const Key& left, const Key& right) const
-{
-    if (m_order.localeAware)
-        return QString::localeAwareCompare(left.text, right.text) < 0;
-    const bool isReady = left.isPlain && right.isPlain;
-    return QString::compare(left.text, right.text, isReady ? Qt::CaseSensitive : m_order.caseSensitivity) < 0;
+    return Kind::PlainText;
 }
 
 } // namespace qelm::datamodels::proxy

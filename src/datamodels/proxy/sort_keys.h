@@ -14,7 +14,8 @@ namespace qelm::datamodels::proxy {
 /// times. Comparisons have the result of `isLess` on freshly fetched values.
 ///
 /// A sort compares siblings of one parent, then those of the next, so there is one slot a row; the index it was filled
-/// for tells whether it still serves. The owner clears the keys when the source changes.
+/// for tells whether it still serves. What a comparison reads is kept apart and small, since a large sort waits for
+/// memory more than for anything else. The owner clears the keys when the source changes.
 class SortKeys
 {
 public:
@@ -22,34 +23,44 @@ public:
 
     bool isLess(const QModelIndex& left, const QModelIndex& right);
     QVariant value(const QModelIndex& index);
-    void clear() { ++m_generation; }
+    void clear();
 
 private:
-    struct Key
+    enum class Kind : unsigned char
     {
-        unsigned generation = 0; // 0 while the slot is empty
+        Empty,
+        Int,
+        UInt,
+        LongLong,
+        ULongLong,
+        Double,
+        Float,
+        Text,      ///< has surrogates, by which Qt's comparison looks further than one character
+        PlainText, ///< compares the same when it is folded beforehand
+        Other,     ///< compared as a QVariant
+    };
+
+    struct Slot
+    {
         quintptr id = 0;
-        int type = 0;
-        bool isPlain = false; // the text has no surrogates, so that folding it beforehand changes no comparison
         union {
             qlonglong integer = 0;
             qulonglong natural;
             double real;
         };
-        QString text;
-        QVariant value;
     };
 
+    Kind kindAt(const QModelIndex& index);
     void makeRoom(const QModelIndex& index);
-    Key& key(const QModelIndex& index);
-    void fill(Key& key, const QModelIndex& index) const;
-    void fillText(Key& key) const;
-    bool isLessText(const Key& left, const Key& right) const;
+    Kind fill(std::size_t row, const QVariant& value);
+    Kind fillText(std::size_t row, const QString& text);
 
     int m_role;
     TextOrder m_order;
-    std::vector<Key> m_keys;
-    unsigned m_generation = 1;
+    std::vector<Kind> m_kinds;
+    std::vector<Slot> m_slots;
+    std::vector<QString> m_texts;   // empty until a text comes
+    std::vector<QVariant> m_values; // empty until another value comes
 };
 
 } // namespace qelm::datamodels::proxy

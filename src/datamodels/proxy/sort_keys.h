@@ -13,9 +13,10 @@ namespace qelm::datamodels::proxy {
 /// The values of one role, each fetched and decoded once for the length of a sort, which asks for every one some twenty
 /// times. Comparisons have the result of `isLess` on freshly fetched values.
 ///
-/// A sort compares siblings of one parent, then those of the next, so there is one slot a row; the index it was filled
-/// for tells whether it still serves. What a comparison reads is kept apart and small, since a large sort waits for
-/// memory more than for anything else. The owner clears the keys when the source changes.
+/// A sort compares siblings of one parent, then those of the next, so a key is found by its row; the index it was
+/// fetched for tells whether it still serves. All keys are of one kind: values of mixed types are kept as they are. A
+/// large sort waits for memory more than for anything else, hence the bare arrays. The owner clears the keys when the
+/// source changes.
 class SortKeys
 {
 public:
@@ -26,41 +27,48 @@ public:
     void clear();
 
 private:
-    enum class Kind : unsigned char
+    enum class Kind
     {
-        Empty,
+        Unknown, ///< no key yet
         Int,
         UInt,
         LongLong,
         ULongLong,
         Double,
         Float,
-        Text,      ///< has surrogates, by which Qt's comparison looks further than one character
-        PlainText, ///< compares the same when it is folded beforehand
-        Other,     ///< compared as a QVariant
+        Text,  ///< folded where case does not count
+        Value, ///< any other, and mixtures
     };
 
-    struct Slot
-    {
-        quintptr id = 0;
-        union {
-            qlonglong integer = 0;
-            qulonglong natural;
-            double real;
-        };
-    };
+    static Kind kindOf(const QVariant& value);
 
-    Kind kindAt(const QModelIndex& index);
+    bool isReady(const QModelIndex& index) const;
+    void fetch(const QModelIndex& index);
     void makeRoom(const QModelIndex& index);
-    Kind fill(std::size_t row, const QVariant& value);
-    Kind fillText(std::size_t row, const QString& text);
+    void takeId(const QModelIndex& index);
+    void store(std::size_t row, const QVariant& value);
+    QString comparable(const QString& text) const;
 
     int m_role;
     TextOrder m_order;
-    std::vector<Kind> m_kinds;
-    std::vector<Slot> m_slots;
-    std::vector<QString> m_texts;   // empty until a text comes
-    std::vector<QVariant> m_values; // empty until another value comes
+    Kind m_kind = Kind::Unknown;
+    std::vector<bool> m_isFetched;
+
+    // Most models have one internal id for all siblings; those that have one a row need them all.
+    QModelIndex m_parent;
+    quintptr m_commonId = 0;
+    std::vector<quintptr> m_ids;
+
+    union Number
+    {
+        qlonglong integer;
+        qulonglong natural;
+        double real;
+    };
+    // By row; only the one for the kind is filled.
+    std::vector<Number> m_numbers;
+    std::vector<QString> m_texts;
+    std::vector<QVariant> m_values;
 };
 
 } // namespace qelm::datamodels::proxy

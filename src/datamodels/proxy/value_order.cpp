@@ -46,6 +46,8 @@ bool isEarlier(const DateTime& left, const DateTime& right)
 template <class T>
 bool isLessAs(const QVariant& left, const QVariant& right)
 {
+    if (left.userType() == right.userType())
+        return *static_cast<const T*>(left.constData()) < *static_cast<const T*>(right.constData());
     return left.value<T>() < right.value<T>();
 }
 

@@ -1,0 +1,39 @@
+#include "content_folder.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
+
+namespace generator {
+
+ContentFolder::ContentFolder(const QString& path) : m_folder(path) {}
+
+void ContentFolder::write(const QString& path, const QString& text)
+{
+    writeBytes(path, text.toUtf8());
+}
+
+void ContentFolder::write(const QString& path, const QImage& image)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG", 0); // quality 0 asks for the strongest compression
+    writeBytes(path, bytes);
+}
+
+void ContentFolder::writeBytes(const QString& path, const QByteArray& bytes)
+{
+    m_folder.mkpath(QFileInfo(path).path());
+    QFile file(m_folder.filePath(path));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+        std::fprintf(stderr, "%s: %s\n", qUtf8Printable(file.fileName()), qUtf8Printable(file.errorString()));
+        m_failed = true;
+        return;
+    }
+    ++m_fileCount;
+}
+
+} // namespace generator

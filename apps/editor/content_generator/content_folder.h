@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QDir>
+#include <QImage>
+#include <QString>
+
+namespace generator {
+
+/// Where the content goes. Paths are relative to it; missing folders are made, files are replaced.
+/// A file that cannot be written is reported on stderr and makes `failed` true.
+class ContentFolder
+{
+public:
+    explicit ContentFolder(const QString& path);
+
+    void write(const QString& path, const QString& text);
+    void write(const QString& path, const QImage& image);
+
+    bool failed() const { return m_failed; }
+    int fileCount() const { return m_fileCount; }
+
+private:
+    void writeBytes(const QString& path, const QByteArray& bytes);
+
+    QDir m_folder;
+    int m_fileCount = 0;
+    bool m_failed = false;
+};
+
+} // namespace generator

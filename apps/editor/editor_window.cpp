@@ -1,0 +1,44 @@
+#include "editor_window.h"
+
+#include "controls/icon_provider.h"
+#include "controls/match_text.h"
+#include "editor_tabs.h"
+
+#include <QOpenGLContext>
+#include <QQmlContext>
+#include <QQuickWindow>
+
+namespace editor {
+
+EditorWindow::EditorWindow(Tabs& tabs)
+{
+    registerControls();
+    m_engine.addImportPath(QStringLiteral("qrc:/"));
+    m_engine.addImageProvider(QStringLiteral("icon"), new IconProvider);
+    m_engine.rootContext()->setContextProperty(QStringLiteral("tabs"), &tabs);
+    m_engine.load(QUrl(QStringLiteral("qrc:/Editor/Main.qml")));
+}
+
+EditorWindow::~EditorWindow() = default;
+
+QQuickWindow* EditorWindow::window() const
+{
+    const QList<QObject*> roots = m_engine.rootObjects();
+    return roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow*>(roots.constFirst());
+}
+
+void EditorWindow::chooseRenderer(bool forPictures)
+{
+    if (qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))
+        return;
+    if (forPictures || !QOpenGLContext().create())
+        QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
+}
+
+void registerControls()
+{
+    static const int matchText = qmlRegisterType<MatchText>("Editor.Items", 1, 0, "MatchText");
+    Q_UNUSED(matchText)
+}
+
+} // namespace editor

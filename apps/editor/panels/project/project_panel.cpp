@@ -1,0 +1,103 @@
+#include "project_panel.h"
+
+#include <QMetaObject>
+
+namespace editor {
+namespace {
+
+int countRows(const QAbstractItemModel& model, const QModelIndex& parent)
+{
+    const int rows = model.rowCount(parent);
+    int count = rows;
+    for (int row = 0; row < rows; ++row)
+        count += countRows(model, model.index(row, 0, parent));
+    return count;
+}
+
+} // namespace
+
+ProjectPanel::ProjectPanel(const PanelContext& context)
+    : m_directory(context.content), m_rows(ProjectNode::PathRole), m_kinds(m_tree)
+{
+    m_filter.setSourceModel(&m_tree);
+    m_rows.setSourceModel(&m_filter);
+    connect(&m_filter, &ProjectFilter::activeChanged, this, [this] { m_rows.setOpensAll(m_filter.isActive()); });
+    connect(&m_filter, &QAbstractItemModel::rowsInserted, this, &ProjectPanel::queueStatus);
+    connect(&m_filter, &QAbstractItemModel::rowsRemoved, this, &ProjectPanel::queueStatus);
+    connect(&m_filter, &QAbstractItemModel::modelReset, this, &ProjectPanel::queueStatus);
+    connect(&m_rows, &TreeRows::currentRowChanged, this, &ProjectPanel::showCurrent);
+    reload();
+}
+
+ProjectPanel::~ProjectPanel() = default;
+
+QString ProjectPanel::status() const
+{
+    if (!m_filter.isActive())
+        return QStringLiteral("%1 rows").arg(totalRows());
+    return QStringLiteral("%1 of %2 rows").arg(shownRows()).arg(totalRows());
+}
+
+int ProjectPanel::shownRows() const
+{
+    if (m_shownRows < 0)
+        m_shownRows = countRows(m_filter, {});
+    return m_shownRows;
+}
+
+QString ProjectPanel::emptyReason() const
+{
+    if (totalRows() == 0)
+        return QStringLiteral("There are no files in\n%1").arg(m_directory);
+    return QStringLiteral("None of the %1 rows passes the filters").arg(totalRows());
+}
+
+void ProjectPanel::reload()
+{
+    m_tree.load(m_directory);
+    m_kinds.refresh();
+    showCurrent();
+}
+
+void ProjectPanel::showCurrent()
+{
+    const QModelIndex index = m_filter.mapToSource(m_rows.currentSourceIndex());
+    m_details.show(static_cast<const ProjectNode*>(m_tree.nodeFromIndex(index, false)), m_directory);
+}
+
+// A change of the filter comes as many notifications; they are counted and told once.
+void ProjectPanel::queueStatus()
+{
+    m_shownRows = -1;
+    if (m_isStatusQueued)
+        return;
+    m_isStatusQueued = true;
+    const auto tell = [this] {
+        m_isStatusQueued = false;
+        Q_EMIT statusChanged();
+    };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+}
+
+QModelIndex ProjectPanel::find(const QString& path) const
+{
+    const QModelIndexList found = m_filter.match(m_filter.index(0, 0), ProjectNode::PathRole, path, 1,
+                                                 Qt::MatchExactly | Qt::MatchRecursive);
+    return found.isEmpty() ? QModelIndex() : found.constFirst();
+}
+
+std::vector<Panel::Shot> ProjectPanel::shots()
+{
+    return {
+        {QString(), [this] { m_rows.reveal(find(QStringLiteral("textures/tiles/copper_plate_AM.png"))); }},
+        {QStringLiteral("filtered"), [this] {
+             m_filter.text()->setText(QStringLiteral("lo"));
+             m_filter.words()->setText(QStringLiteral("map level"));
+             m_filter.setWordsType(1);
+             m_rows.reveal(find(QStringLiteral("scripts/arena_defs/kiln_hollow.xml")));
+         }},
+        {QStringLiteral("empty"), [this] { m_filter.text()->setText(QStringLiteral("lighthouse")); }},
+    };
+}
+
+} // namespace editor

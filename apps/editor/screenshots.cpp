@@ -50,6 +50,7 @@ bool takeShot(QQuickWindow& window, const Panel& panel, const QString& path)
 bool takeScreenshots(QQuickWindow& window, Tabs& tabs, const QString& directory)
 {
     const QDir folder(directory);
+    window.requestActivate();
     for (int i = 0; i < tabs.count(); ++i) {
         tabs.setCurrentIndex(i);
         const Tab& tab = *tabs.current();

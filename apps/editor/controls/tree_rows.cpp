@@ -1,6 +1,8 @@
 #include "tree_rows.h"
 
-#include <algorithm>
+#include "tree_rows_node.h"
+
+#include <iterator>
 
 namespace editor {
 
@@ -12,65 +14,128 @@ void TreeRows::Memory::set(const QString& key, bool open)
         exceptions.insert(key);
 }
 
-TreeRows::TreeRows(int keyRole, QObject* parent) : KDescendantsProxyModel(parent), m_keyRole(keyRole)
+TreeRows::TreeRows(int keyRole, QObject* parent)
+    : QAbstractProxyModel(parent), m_keyRole(keyRole), m_root(std::make_unique<Node>())
 {
-    setExpandsByDefault(false);
-    connect(this, &QAbstractItemModel::rowsInserted, this,
-            [this](const QModelIndex&, int first, int last) { findCurrent(first, last); });
-    connect(this, &QAbstractItemModel::rowsRemoved, this, &TreeRows::reportCurrent);
-    connect(this, &QAbstractItemModel::layoutChanged, this, &TreeRows::reportCurrent);
-    connect(this, &QAbstractItemModel::modelReset, this, [this] { findCurrent(0, rowCount() - 1); });
 }
+
+TreeRows::~TreeRows() = default;
 
 void TreeRows::setSourceModel(QAbstractItemModel* source)
 {
+    beginResetModel();
     if (sourceModel())
         sourceModel()->disconnect(this);
-    KDescendantsProxyModel::setSourceModel(source);
-    if (!source)
+    QAbstractProxyModel::setSourceModel(source);
+    if (source) {
+        using Model = QAbstractItemModel;
+        connect(source, &Model::rowsInserted, this, &TreeRows::onRowsInserted);
+        connect(source, &Model::rowsAboutToBeRemoved, this, &TreeRows::onRowsAboutToBeRemoved);
+        connect(source, &Model::rowsRemoved, this, &TreeRows::onRowsRemoved);
+        connect(source, &Model::dataChanged, this, &TreeRows::onDataChanged);
+        connect(source, &Model::layoutAboutToBeChanged, this, &TreeRows::onLayoutAboutToBeChanged);
+        connect(source, &Model::layoutChanged, this, &TreeRows::onLayoutChanged);
+        connect(source, &Model::rowsAboutToBeMoved, this, &TreeRows::onLayoutAboutToBeChanged);
+        connect(source, &Model::rowsMoved, this, &TreeRows::onLayoutChanged);
+        connect(source, &Model::modelAboutToBeReset, this, [this] { beginResetModel(); });
+        connect(source, &Model::modelReset, this, [this] {
+            rebuild();
+            endResetModel();
+        });
+        connect(source, &QObject::destroyed, this, [this] { setSourceModel(nullptr); });
+    }
+    rebuild();
+    endResetModel();
+}
+
+QModelIndex TreeRows::mapToSource(const QModelIndex& proxyIndex) const
+{
+    if (!proxyIndex.isValid() || proxyIndex.row() >= rowCount())
+        return {};
+    return sourceIndexOf(*m_rows[static_cast<std::size_t>(proxyIndex.row())]);
+}
+
+QModelIndex TreeRows::mapFromSource(const QModelIndex& sourceIndex) const
+{
+    const Node* node = nodeOf(sourceIndex);
+    return node && node != m_root.get() ? createIndex(rowOf(*node), 0) : QModelIndex();
+}
+
+QModelIndex TreeRows::index(int row, int column, const QModelIndex& parent) const
+{
+    return hasIndex(row, column, parent) ? createIndex(row, column) : QModelIndex();
+}
+
+QModelIndex TreeRows::parent(const QModelIndex&) const
+{
+    return {};
+}
+
+int TreeRows::rowCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int TreeRows::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : 1;
+}
+
+bool TreeRows::hasChildren(const QModelIndex& parent) const
+{
+    return rowCount(parent) > 0;
+}
+
+QVariant TreeRows::data(const QModelIndex& index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const Node& node = *m_rows[static_cast<std::size_t>(index.row())];
+    switch (role) {
+    case LevelRole: return node.level;
+    case IsExpandableRole: return sourceModel()->hasChildren(sourceIndexOf(node));
+    case IsExpandedRole: return node.isOpen;
+    default: return sourceIndexOf(node).data(role);
+    }
+}
+
+Qt::ItemFlags TreeRows::flags(const QModelIndex& index) const
+{
+    return index.isValid() ? QAbstractProxyModel::flags(index) : Qt::NoItemFlags;
+}
+
+QHash<int, QByteArray> TreeRows::roleNames() const
+{
+    QHash<int, QByteArray> names = sourceModel() ? sourceModel()->roleNames() : QHash<int, QByteArray>();
+    names.insert(LevelRole, "level");
+    names.insert(IsExpandableRole, "isExpandable");
+    names.insert(IsExpandedRole, "isExpanded");
+    return names;
+}
+
+void TreeRows::toggle(int row)
+{
+    setOpen(row, !isOpen(row));
+}
+
+bool TreeRows::isOpen(int row) const
+{
+    return row >= 0 && row < rowCount() && m_rows[static_cast<std::size_t>(row)]->isOpen;
+}
+
+void TreeRows::setOpen(int row, bool open)
+{
+    if (row < 0 || row >= rowCount())
         return;
-    // Behind the connections of the base, which has then taken the change in.
-    connect(source, &QAbstractItemModel::rowsInserted, this, [this](const QModelIndex& parent, int first, int last) {
-        if (parent.isValid())
-            recallRow(parent);
-        for (int row = first; row <= last; ++row)
-            recallRow(sourceModel()->index(row, 0, parent));
-    });
-    connect(source, &QAbstractItemModel::modelReset, this, [this] { recallBelow({}); });
-    recallBelow({});
-}
-
-void TreeRows::setCurrentRow(int row)
-{
-    m_current = index(row, 0);
-    m_currentKey = keyOf(m_current);
-    reportCurrent();
-}
-
-QModelIndex TreeRows::currentSourceIndex() const
-{
-    return mapToSource(m_current);
-}
-
-void TreeRows::setOpensAll(bool opensAll)
-{
-    if (m_opensAll == opensAll)
+    Node& node = *m_rows[static_cast<std::size_t>(row)];
+    const QModelIndex sourceIndex = sourceIndexOf(node);
+    if (node.isOpen == open || !sourceModel()->hasChildren(sourceIndex))
         return;
-    const QPersistentModelIndex current = currentSourceIndex();
-    m_opensAll = opensAll;
-    m_filteredMemory = {true, {}};
-    recall();
-    // What was found and chosen during a filter is not lost from sight when the filter ends.
-    if (current.isValid())
-        reveal(current);
-}
-
-void TreeRows::reveal(const QModelIndex& sourceIndex)
-{
-    for (QModelIndex ancestor = sourceIndex.parent(); ancestor.isValid(); ancestor = ancestor.parent())
-        memory().set(keyOf(ancestor), true);
-    recallBelow({});
-    setCurrentRow(mapFromSource(sourceIndex).row());
+    memory().set(keyOf(row), open);
+    if (open)
+        openBranch(node, sourceIndex);
+    else
+        closeBranch(node);
 }
 
 void TreeRows::expandAll()
@@ -80,130 +145,156 @@ void TreeRows::expandAll()
 
 void TreeRows::collapseAll()
 {
-    const QModelIndex current = currentSourceIndex();
-    QModelIndex top = current;
-    while (top.parent().isValid())
-        top = top.parent();
+    for (const std::unique_ptr<Node>& node : m_root->children)
+        Q_EMIT closing(rowOf(*node), lastRowOf(*node));
     setMemory({false, {}});
-    if (current.isValid())
-        setCurrentRow(mapFromSource(top).row());
 }
 
-void TreeRows::toggle(int row)
+void TreeRows::setOpensAll(bool opensAll)
 {
-    const QModelIndex sourceIndex = mapToSource(index(row, 0));
-    if (sourceIndex.isValid() && sourceModel()->hasChildren(sourceIndex))
-        setOpen(sourceIndex, !isSourceIndexExpanded(sourceIndex));
+    if (m_opensAll == opensAll)
+        return;
+    m_opensAll = opensAll;
+    setMemory(opensAll ? Memory{true, {}} : m_memory);
 }
 
-bool TreeRows::navigate(int key, int page)
+int TreeRows::reveal(const QModelIndex& sourceIndex)
 {
-    const int last = rowCount() - 1;
-    const int row = std::max(currentRow(), 0);
-    const QModelIndex here = index(currentRow(), 0);
-    const bool isOpen = here.data(ExpandedRole).toBool() && here.data(ExpandableRole).toBool();
-    switch (key) {
-    case Qt::Key_Up: setCurrentRow(std::max(row - 1, 0)); return true;
-    case Qt::Key_Down: setCurrentRow(here.isValid() ? std::min(row + 1, last) : 0); return true;
-    case Qt::Key_PageUp: setCurrentRow(std::max(row - page, 0)); return true;
-    case Qt::Key_PageDown: setCurrentRow(std::min(row + page, last)); return true;
-    case Qt::Key_Home: setCurrentRow(0); return true;
-    case Qt::Key_End: setCurrentRow(last); return true;
-    case Qt::Key_Left:
-        if (isOpen)
-            toggle(row);
-        else
-            goToParent(row);
-        return true;
-    case Qt::Key_Right:
-        if (isOpen)
-            setCurrentRow(row + 1);
-        else
-            toggle(currentRow());
-        return true;
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter: toggle(currentRow()); return true;
-    default: return false;
-    }
+    if (sourceIndex.parent().isValid())
+        setOpen(reveal(sourceIndex.parent()), true);
+    return mapFromSource(sourceIndex).row();
 }
 
-void TreeRows::goToParent(int row)
+QString TreeRows::keyOf(int row) const
 {
-    const QModelIndex parent = mapToSource(index(row, 0)).parent();
-    if (parent.isValid())
-        setCurrentRow(mapFromSource(parent).row());
-}
-
-QString TreeRows::keyOf(const QModelIndex& index) const
-{
-    return index.data(m_keyRole).toString();
-}
-
-void TreeRows::setOpen(const QModelIndex& sourceIndex, bool open)
-{
-    memory().set(keyOf(sourceIndex), open);
-    if (!open) {
-        for (QModelIndex ancestor = currentSourceIndex().parent(); ancestor.isValid(); ancestor = ancestor.parent()) {
-            if (ancestor == sourceIndex)
-                setCurrentRow(mapFromSource(sourceIndex).row());
-        }
-    }
-    recallRow(sourceIndex);
+    return index(row, 0).data(m_keyRole).toString();
 }
 
 void TreeRows::setMemory(const Memory& memory)
 {
-    this->memory() = memory;
-    recall();
+    beginResetModel();
+    this->memory() = Memory(memory);
+    rebuild();
+    endResetModel();
 }
 
-// Through the default of the base where it can be done: that takes one reset, and opening row by row would renumber all
-// rows behind each.
-void TreeRows::recall()
+bool TreeRows::wantsOpen(const QModelIndex& sourceIndex)
 {
-    const bool isOpenByDefault = memory().isOpenByDefault;
-    setExpandsByDefault(!isOpenByDefault);
-    setExpandsByDefault(isOpenByDefault);
-    recallBelow({});
+    return sourceModel()->hasChildren(sourceIndex) && memory().isOpen(sourceIndex.data(m_keyRole).toString());
 }
 
-void TreeRows::recallBelow(const QModelIndex& sourceParent)
+void TreeRows::rebuild()
 {
-    if (!sourceModel())
-        return;
-    for (int row = 0; row < sourceModel()->rowCount(sourceParent); ++row)
-        recallRow(sourceModel()->index(row, 0, sourceParent));
+    m_removal.reset();
+    m_root = std::make_unique<Node>();
+    m_root->isOpen = true;
+    m_rows.clear();
+    if (sourceModel())
+        m_rows = makeNodes(*m_root, {}, 0, sourceModel()->rowCount() - 1);
 }
 
-// Rows that do not show are left alone: their turn comes when what is above them opens.
-void TreeRows::recallRow(const QModelIndex& sourceIndex)
+// The rows of the source from `first` to `last`, and those of the open branches in them, in the order in which they show.
+std::vector<TreeRows::Node*> TreeRows::makeNodes(Node& parent, const QModelIndex& sourceParent, int first, int last)
 {
-    if (!sourceModel()->hasChildren(sourceIndex) || !isSourceIndexVisible(sourceIndex))
-        return;
-    if (!memory().isOpen(keyOf(sourceIndex))) {
-        collapseSourceIndex(sourceIndex);
-        return;
+    std::vector<Node*> rows;
+    appendNodes(parent, sourceParent, first, last, rows);
+    return rows;
+}
+
+void TreeRows::appendNodes(Node& parent, const QModelIndex& sourceParent, int first, int last, std::vector<Node*>& rows)
+{
+    std::vector<std::unique_ptr<Node>> nodes;
+    for (int position = first; position <= last; ++position) {
+        nodes.push_back(std::make_unique<Node>());
+        Node& node = *nodes.back();
+        node.parent = &parent;
+        node.level = parent.level + 1;
+        node.position = position;
+        rows.push_back(&node);
+
+        const QModelIndex sourceIndex = sourceModel()->index(position, 0, sourceParent);
+        if (!wantsOpen(sourceIndex))
+            continue;
+        node.isOpen = true;
+        appendNodes(node, sourceIndex, 0, sourceModel()->rowCount(sourceIndex) - 1, rows);
     }
-    expandSourceIndex(sourceIndex);
-    recallBelow(sourceIndex);
+    parent.children.insert(parent.children.begin() + first, std::make_move_iterator(nodes.begin()),
+                           std::make_move_iterator(nodes.end()));
 }
 
-void TreeRows::findCurrent(int first, int last)
+void TreeRows::openBranch(Node& node, const QModelIndex& sourceIndex)
 {
-    for (int row = first; row <= last && !m_current.isValid() && !m_currentKey.isEmpty(); ++row) {
-        if (keyOf(index(row, 0)) == m_currentKey)
-            m_current = index(row, 0);
+    node.isOpen = true;
+    insertRows(rowOf(node) + 1, makeNodes(node, sourceIndex, 0, sourceModel()->rowCount(sourceIndex) - 1));
+    refresh(node);
+}
+
+void TreeRows::closeBranch(Node& node)
+{
+    const int row = rowOf(node);
+    const int last = lastRowOf(node);
+    Q_EMIT closing(row, last);
+    if (last > row) {
+        beginRemoveRows({}, row + 1, last);
+        m_rows.erase(m_rows.begin() + row + 1, m_rows.begin() + last + 1);
+        node.children.clear();
+        endRemoveRows();
     }
-    reportCurrent();
+    node.isOpen = false;
+    refresh(node);
 }
 
-void TreeRows::reportCurrent()
+// The nodes stand in the tree already, where the source has them; the rows follow.
+void TreeRows::insertRows(int row, const std::vector<Node*>& nodes)
 {
-    if (m_reportedRow == currentRow())
+    if (nodes.empty())
         return;
-    m_reportedRow = currentRow();
-    Q_EMIT currentRowChanged();
+    beginInsertRows({}, row, row + static_cast<int>(nodes.size()) - 1);
+    m_rows.insert(m_rows.begin() + row, nodes.begin(), nodes.end());
+    endInsertRows();
+}
+
+void TreeRows::refresh(const Node& node)
+{
+    if (&node == m_root.get())
+        return;
+    const QModelIndex here = createIndex(rowOf(node), 0);
+    Q_EMIT dataChanged(here, here, {IsExpandableRole, IsExpandedRole});
+}
+
+TreeRows::Node* TreeRows::nodeOf(const QModelIndex& sourceIndex) const
+{
+    if (!sourceIndex.isValid())
+        return m_root.get();
+    const Node* parent = nodeOf(sourceIndex.parent());
+    const auto row = static_cast<std::size_t>(sourceIndex.row());
+    return parent && row < parent->children.size() ? parent->children[row].get() : nullptr;
+}
+
+QModelIndex TreeRows::sourceIndexOf(const Node& node) const
+{
+    if (!node.parent)
+        return {};
+    return sourceModel()->index(node.positionInParent(), 0, sourceIndexOf(*node.parent));
+}
+
+int TreeRows::rowOf(const Node& node) const
+{
+    if (&node == m_root.get())
+        return -1;
+    if (node.row < 0 || node.row >= rowCount() || m_rows[static_cast<std::size_t>(node.row)] != &node) {
+        for (std::size_t row = 0; row < m_rows.size(); ++row)
+            m_rows[row]->row = static_cast<int>(row);
+    }
+    return node.row;
+}
+
+int TreeRows::lastRowOf(const Node& node) const
+{
+    const Node* last = &node;
+    while (!last->children.empty())
+        last = last->children.back().get();
+    return rowOf(*last);
 }
 
 } // namespace editor

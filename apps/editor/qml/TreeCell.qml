@@ -6,7 +6,7 @@ import Editor.Items 1.0
 Item {
     id: cell
 
-    property int level: 1
+    property int level: 0
     property bool isExpandable: false
     property bool isExpanded: false
     property string iconName
@@ -19,7 +19,7 @@ Item {
     clip: true
 
     Repeater {
-        model: cell.level - 1
+        model: cell.level
         Rectangle {
             x: index * Theme.indent + 15
             width: 1
@@ -31,7 +31,7 @@ Item {
         id: arrow
 
         objectName: "arrow"
-        x: (cell.level - 1) * Theme.indent + 4
+        x: cell.level * Theme.indent + 4
         width: 20
         height: cell.height
         Icon {

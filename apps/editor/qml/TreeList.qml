@@ -2,11 +2,12 @@ import QtQuick 2.15
 import QtQuick.Templates 2.15 as T
 import Editor 1.0
 
-// A tree as a list: `rows` is a TreeRows, the delegate a TreeRow.
+// A tree as a list: `rows` is a TreeRows, `cursor` its TreeCursor, the delegate a TreeRow.
 ListView {
     id: list
 
     property var rows
+    property var cursor
 
     readonly property int pageRows: Math.max(1, Math.floor(height / Theme.rowHeight) - 1)
 
@@ -19,12 +20,12 @@ ListView {
     reuseItems: true
     T.ScrollBar.vertical: ScrollHandle { }
 
-    Keys.onPressed: event.accepted = rows.navigate(event.key, pageRows)
+    Keys.onPressed: event.accepted = cursor.navigate(event.key, pageRows)
 
     // After the view has taken in the change that moved the row.
-    function follow() { positionViewAtIndex(rows.currentRow, ListView.Contain) }
+    function follow() { positionViewAtIndex(cursor.row, ListView.Contain) }
     Connections {
-        target: rows
-        function onCurrentRowChanged() { Qt.callLater(list.follow) }
+        target: cursor
+        function onRowChanged() { Qt.callLater(list.follow) }
     }
 }

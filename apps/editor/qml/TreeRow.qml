@@ -6,7 +6,7 @@ Rectangle {
     id: row
 
     readonly property TreeList list: ListView.view
-    readonly property bool isCurrent: index === list.rows.currentRow
+    readonly property bool isCurrent: index === list.cursor.row
     default property alias cells: cells.data
 
     function toggle() { list.rows.toggle(index) }
@@ -24,7 +24,7 @@ Rectangle {
         hoverEnabled: true
         onPressed: {
             list.forceActiveFocus()
-            list.rows.currentRow = index
+            list.cursor.row = index
         }
         onDoubleClicked: row.toggle()
     }

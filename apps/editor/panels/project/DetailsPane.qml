@@ -74,8 +74,8 @@ Rectangle {
         Rectangle {
             anchors.top: facts.bottom
             anchors.topMargin: Theme.margin + 4
-            anchors.bottom: parent.bottom
             width: parent.width
+            height: Math.min(parent.height - y, details.excerpt ? parent.height : width)
             visible: details.excerpt || details.image != ""
             color: Theme.field
             border.color: Theme.line
@@ -97,6 +97,7 @@ Rectangle {
                 boundsBehavior: Flickable.StopAtBounds
                 clip: true
                 T.ScrollBar.vertical: ScrollHandle { }
+                T.ScrollBar.horizontal: ScrollHandle { }
                 TextEdit {
                     id: excerpt
 

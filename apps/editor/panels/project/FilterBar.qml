@@ -9,6 +9,8 @@ Rectangle {
     property var panel
     readonly property var filter: panel.filter
 
+    signal left // towards the rows
+
     function focusText() { text.forceActiveFocus() }
 
     implicitHeight: Theme.barHeight + 4
@@ -31,7 +33,8 @@ Rectangle {
             tip: qsTr("Shows what has this text in its name (Ctrl+F)")
             text: filter.text.text
             onTextEdited: filter.text.text = text
-            Keys.onDownPressed: nextItemInFocusChain().forceActiveFocus()
+            Keys.onDownPressed: bar.left()
+            onAccepted: bar.left()
         }
         TokensField {
             objectName: "words"
@@ -50,8 +53,8 @@ Rectangle {
             checkable: true
             checked: filter.withAncestors
             icon.name: "ancestors"
-            text: qsTr("And below")
-            tip: qsTr("Also shows everything inside of a folder that matches")
+            text: qsTr("Match ancestors")
+            tip: qsTr("A row matches also when one of its ancestors does")
             onToggled: filter.withAncestors = checked
         }
         IconButton {
@@ -67,7 +70,8 @@ Rectangle {
             objectName: "clear"
             enabled: filter.isActive
             icon.name: "clear"
-            tip: qsTr("Clear all filters")
+            text: qsTr("Clear")
+            tip: qsTr("Ends all filters")
             onClicked: filter.clear()
         }
         Rectangle {

@@ -8,6 +8,8 @@ FocusScope {
 
     property var panel
 
+    focus: true
+
     Shortcut { sequence: StandardKey.Find; onActivated: filters.focusText() }
     Shortcut { sequence: StandardKey.Refresh; onActivated: panel.reload() }
 
@@ -29,8 +31,11 @@ FocusScope {
 
                 Layout.fillWidth: true
                 panel: project.panel
+                onLeft: tree.forceActiveFocus()
             }
             ProjectTree {
+                id: tree
+
                 Layout.fillWidth: true
                 Layout.fillHeight: true
                 focus: true

@@ -47,6 +47,7 @@ FocusScope {
         width: parent.width
         focus: true
         rows: panel.rows
+        cursor: panel.cursor
 
         delegate: TreeRow {
             id: row
@@ -54,9 +55,9 @@ FocusScope {
             TreeCell {
                 width: tree.nameWidth
                 height: parent.height
-                level: model.kDescendantLevel
-                isExpandable: model.kDescendantExpandable
-                isExpanded: model.kDescendantExpanded
+                level: model.level
+                isExpandable: model.isExpandable
+                isExpanded: model.isExpanded
                 iconName: model.icon
                 iconColor: Theme.kindColors[model.icon]
                 text: model.name

@@ -20,7 +20,7 @@ QString counted(int count, const char* one, const char* many)
 QString sizeInFull(qint64 bytes)
 {
     const QString exact = QLocale::c().toString(bytes).replace(QLatin1Char(','), QLatin1Char(' '));
-    if (bytes < 1024)
+    if (bytes < 1000)
         return exact + QLatin1String(" bytes");
     return QStringLiteral("%1  (%2 bytes)").arg(QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat), exact);
 }

@@ -3,6 +3,16 @@
 #include <QLocale>
 
 namespace editor {
+namespace {
+
+QString shortSize(qint64 bytes)
+{
+    if (bytes < 1000)
+        return QStringLiteral("%1 B").arg(bytes);
+    return QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat);
+}
+
+} // namespace
 
 ProjectNode::ProjectNode(SimpleTreeModel& owner, const QFileInfo& file, const QString& path)
     : Node(owner)
@@ -23,7 +33,7 @@ QVariant ProjectNode::data(int role) const
     case ModifiedRole: return m_modified;
     case PathRole: return m_path;
     case IconRole: return QLatin1String(factsOf(m_kind).icon);
-    case SizeTextRole: return QLocale::c().formattedDataSize(m_size, m_size < 1024 ? 0 : 1, QLocale::DataSizeSIFormat);
+    case SizeTextRole: return shortSize(m_size);
     case ModifiedTextRole: return m_modified.toString(QStringLiteral("yyyy-MM-dd  HH:mm"));
     case IsFolderRole: return m_kind == FileKind::Folder;
     default: return {};

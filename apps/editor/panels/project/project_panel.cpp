@@ -17,15 +17,15 @@ int countRows(const QAbstractItemModel& model, const QModelIndex& parent)
 } // namespace
 
 ProjectPanel::ProjectPanel(const PanelContext& context)
-    : m_directory(context.content), m_rows(ProjectNode::PathRole), m_kinds(m_tree)
+    : m_directory(context.content), m_rows(ProjectNode::PathRole), m_cursor(m_rows), m_kinds(m_tree)
 {
     m_filter.setSourceModel(&m_tree);
     m_rows.setSourceModel(&m_filter);
-    connect(&m_filter, &ProjectFilter::activeChanged, this, [this] { m_rows.setOpensAll(m_filter.isActive()); });
+    connect(&m_filter, &ProjectFilter::activeChanged, this, [this] { m_cursor.followFilter(m_filter.isActive()); });
     connect(&m_filter, &QAbstractItemModel::rowsInserted, this, &ProjectPanel::queueStatus);
     connect(&m_filter, &QAbstractItemModel::rowsRemoved, this, &ProjectPanel::queueStatus);
     connect(&m_filter, &QAbstractItemModel::modelReset, this, &ProjectPanel::queueStatus);
-    connect(&m_rows, &TreeRows::currentRowChanged, this, &ProjectPanel::showCurrent);
+    connect(&m_cursor, &TreeCursor::rowChanged, this, &ProjectPanel::showCurrent);
     reload();
 }
 
@@ -61,7 +61,7 @@ void ProjectPanel::reload()
 
 void ProjectPanel::showCurrent()
 {
-    const QModelIndex index = m_filter.mapToSource(m_rows.currentSourceIndex());
+    const QModelIndex index = m_filter.mapToSource(m_cursor.sourceIndex());
     m_details.show(static_cast<const ProjectNode*>(m_tree.nodeFromIndex(index, false)), m_directory);
 }
 
@@ -89,12 +89,16 @@ QModelIndex ProjectPanel::find(const QString& path) const
 std::vector<Panel::Shot> ProjectPanel::shots()
 {
     return {
-        {QString(), [this] { m_rows.reveal(find(QStringLiteral("textures/tiles/copper_plate_AM.png"))); }},
+        {QString(), [this] {
+             for (const char* path : {"levels/copper_quay/lights.level", "models/boats/barge.mesh",
+                                      "scripts/canal/weir.lua", "textures/crews/badge_towers.png"})
+                 m_cursor.reveal(find(QLatin1String(path)));
+         }},
         {QStringLiteral("filtered"), [this] {
              m_filter.text()->setText(QStringLiteral("lo"));
              m_filter.words()->setText(QStringLiteral("map level"));
              m_filter.setWordsType(1);
-             m_rows.reveal(find(QStringLiteral("scripts/arena_defs/kiln_hollow.xml")));
+             m_cursor.reveal(find(QStringLiteral("scripts/arena_defs/kiln_hollow.xml")));
          }},
         {QStringLiteral("empty"), [this] { m_filter.text()->setText(QStringLiteral("lighthouse")); }},
     };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controls/tree_rows.h"
+#include "controls/tree_cursor.h"
 #include "kind_list_model.h"
 #include "panels/panel_table.h"
 #include "project_details.h"
@@ -17,6 +17,7 @@ class ProjectPanel : public Panel
     Q_OBJECT
     Q_PROPERTY(editor::ProjectFilter* filter READ filter CONSTANT)
     Q_PROPERTY(editor::TreeRows* rows READ rows CONSTANT)
+    Q_PROPERTY(editor::TreeCursor* cursor READ cursor CONSTANT)
     Q_PROPERTY(editor::KindListModel* kinds READ kinds CONSTANT)
     Q_PROPERTY(editor::ProjectDetails* details READ details CONSTANT)
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY statusChanged)
@@ -31,6 +32,7 @@ public:
 
     ProjectFilter* filter() { return &m_filter; }
     TreeRows* rows() { return &m_rows; }
+    TreeCursor* cursor() { return &m_cursor; }
     KindListModel* kinds() { return &m_kinds; }
     ProjectDetails* details() { return &m_details; }
 
@@ -53,6 +55,7 @@ private:
     ProjectTreeModel m_tree;
     ProjectFilter m_filter;
     TreeRows m_rows;
+    TreeCursor m_cursor;
     KindListModel m_kinds;
     ProjectDetails m_details;
     mutable int m_shownRows = -1; // -1: to be counted

@@ -1,6 +1,5 @@
 #include <datamodels/proxy/filter_proxy_model.h>
 
-#include <datamodels/proxy/predicates/base_predicate.h>
 #include <host/base/debug.h>
 
 namespace qelm::datamodels::proxy {

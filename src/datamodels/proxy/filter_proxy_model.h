@@ -1,12 +1,11 @@
 #pragma once
 
 #include <datamodels/proxy/base_filter_proxy_model.h>
+#include <datamodels/proxy/predicates/base_predicate.h> // complete, so that the property's type registers itself
 
 #include <QPointer>
 
 namespace qelm::datamodels::proxy {
-
-class BasePredicate;
 
 /// Filters by a tree of predicates: shows the rows that the predicate wants, and those with a descendant that it wants.
 ///

@@ -39,9 +39,21 @@ std::unique_ptr<QSortFilterProxyModel> hierarchicalFilter(const QString& text)
     return proxy;
 }
 
-// A new proxy each round, so that its first mapping is what counts.
+// A new proxy each round, so that its first mapping is what counts: of a list by its count, of a tree by a walk.
 template <class Make>
-auto fresh(QAbstractItemModel& source, Make make)
+auto fresh(FlatModel& source, Make make)
+{
+    return [&source, make] {
+        std::shared_ptr<QSortFilterProxyModel> proxy = make();
+        return [&source, proxy] {
+            proxy->setSourceModel(&source);
+            keep(proxy->rowCount());
+        };
+    };
+}
+
+template <class Make>
+auto fresh(SimpleTreeModel& source, Make make)
 {
     return [&source, make] {
         std::shared_ptr<QSortFilterProxyModel> proxy = make();

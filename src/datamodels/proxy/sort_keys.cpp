@@ -38,7 +38,7 @@ bool SortKeys::isLess(const QModelIndex& left, const QModelIndex& right)
     const auto a = static_cast<std::size_t>(left.row());
     const auto b = static_cast<std::size_t>(right.row());
     switch (m_kind) {
-    case Kind::Int:
+    case Kind::Int: return m_ints[a] < m_ints[b];
     case Kind::LongLong: return m_numbers[a].integer < m_numbers[b].integer;
     case Kind::UInt:
     case Kind::ULongLong: return m_numbers[a].natural < m_numbers[b].natural;
@@ -119,11 +119,12 @@ void SortKeys::makeRoom(const QModelIndex& index)
 void SortKeys::store(std::size_t row, const QVariant& value)
 {
     m_isFetched[row] = true;
-    m_numbers.resize(m_kind < Kind::Text ? m_isFetched.size() : 0);
+    m_ints.resize(m_kind == Kind::Int ? m_isFetched.size() : 0);
+    m_numbers.resize(m_kind > Kind::Int && m_kind < Kind::Text ? m_isFetched.size() : 0);
     m_texts.resize(m_kind == Kind::Text ? m_isFetched.size() : 0);
     m_values.resize(m_kind == Kind::Value ? m_isFetched.size() : 0);
     switch (m_kind) {
-    case Kind::Int: m_numbers[row].integer = value.toInt(); break;
+    case Kind::Int: m_ints[row] = value.toInt(); break;
     case Kind::LongLong: m_numbers[row].integer = value.toLongLong(); break;
     case Kind::UInt: m_numbers[row].natural = value.toUInt(); break;
     case Kind::ULongLong: m_numbers[row].natural = value.toULongLong(); break;

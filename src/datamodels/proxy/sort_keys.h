@@ -66,6 +66,7 @@ private:
         double real;
     };
     // By row; only the one for the kind is filled.
+    std::vector<int> m_ints;
     std::vector<Number> m_numbers;
     std::vector<QString> m_texts;
     std::vector<QVariant> m_values;

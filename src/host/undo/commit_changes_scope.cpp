@@ -1,0 +1,84 @@
+#include <host/undo/commit_changes_scope.h>
+
+#include <host/base/debug.h>
+#include <host/undo/changes_controller.h>
+
+#include <exception>
+
+namespace Ozy {
+namespace {
+
+CommandsTransaction* openTransaction = nullptr;
+
+} // namespace
+
+CommitChangesScope::CommitChangesScope(BasicOwningStringView<char> name, ChangesController* controller, CareFlag)
+    : m_name(std::move(name)), m_controller(controller), m_exceptionsBefore(std::uncaught_exceptions())
+{
+    if (openTransaction) {
+        m_sizeBefore = openTransaction->composite ? openTransaction->composite->size() : 0;
+        return;
+    }
+    if (controller)
+        m_composite = std::make_unique<utils::CompositeCommand>(m_name);
+    m_opened = CommandsTransaction{m_composite.get()};
+    openTransaction = &*m_opened;
+}
+
+CommitChangesScope::~CommitChangesScope()
+{
+    if (isLeftByException())
+        rollBack();
+    if (!isOutermost())
+        return;
+
+    openTransaction = nullptr;
+    if (m_composite && !m_composite->empty() && m_controller)
+        m_controller->commit(std::move(m_composite));
+}
+
+CommandsTransaction* CommitChangesScope::transaction()
+{
+    return openTransaction;
+}
+
+bool CommitChangesScope::isLeftByException() const
+{
+    return std::uncaught_exceptions() > m_exceptionsBefore;
+}
+
+void CommitChangesScope::rollBack()
+{
+    if (openTransaction && openTransaction->composite)
+        Detail::rollBack(*openTransaction->composite, m_sizeBefore);
+}
+
+Detail::TransactionExchange::TransactionExchange(CommandsTransaction* transaction)
+    : m_before(std::exchange(openTransaction, transaction))
+{
+}
+
+Detail::TransactionExchange::~TransactionExchange()
+{
+    openTransaction = m_before;
+}
+
+void Detail::rollBack(utils::CompositeCommand& composite, std::size_t rest)
+{
+    CommandsTransaction silent;
+    const TransactionExchange exchange(&silent);
+    while (composite.size() > rest) {
+        const std::unique_ptr<utils::Command> command = composite.pop_front();
+        bool isDone = false;
+        try {
+            isDone = command->execute();
+        } catch (const std::exception& error) {
+            DebugMessageHelper(Priority::refusal, "undo").message("%s\n", error.what());
+        }
+        if (!isDone)
+            DebugMessageHelper(Priority::refusal, "undo")
+                .message("An edit could not be rolled back: %s\n", command->name().c_str());
+    }
+}
+
+} // namespace Ozy

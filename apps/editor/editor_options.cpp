@@ -9,14 +9,6 @@
 namespace editor {
 namespace {
 
-QStringList panelNames()
-{
-    QStringList names;
-    for (const PanelEntry& entry : panelTable())
-        names << QLatin1String(entry.name);
-    return names;
-}
-
 // The first thing that is wrong, in the words of the message; empty if nothing is.
 QString fault(const Options& options)
 {
@@ -65,6 +57,14 @@ Options parseOptions(const QStringList& arguments)
     if (options.error.isEmpty())
         options.error = fault(options);
     return options;
+}
+
+QStringList panelNames()
+{
+    QStringList names;
+    for (const PanelEntry& entry : panelTable())
+        names << QLatin1String(entry.name);
+    return names;
 }
 
 QString helpText()

@@ -23,6 +23,9 @@ Options parseOptions(const QStringList& arguments);
 
 QString helpText();
 
+/// What `--panel` takes.
+QStringList panelNames();
+
 /// The sample project: beside the executable when it was installed, else in the sources.
 QString sampleContent();
 

@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QTemporaryDir>
 #include <QTextCodec>
 
 #include <cstdio>
@@ -53,6 +54,11 @@ int main(int argc, char** argv)
     const editor::TraceFile trace(options.trace);
     if (!trace.error().isEmpty())
         return refuse(QStringLiteral("cannot write \"%1\": %2").arg(options.trace, trace.error()));
+
+    // A bare machine has no directory for a session's files, about which Qt complains.
+    const QTemporaryDir sessionFiles;
+    if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(sessionFiles.path()));
 
     QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName(QStringLiteral("datamodels-editor"));

@@ -26,6 +26,8 @@ void ContentFolder::write(const QString& path, const QImage& image)
 
 void ContentFolder::writeBytes(const QString& path, const QByteArray& bytes)
 {
+    if (m_failed)
+        return;
     m_folder.mkpath(QFileInfo(path).path());
     QFile file(m_folder.filePath(path));
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {

@@ -7,7 +7,7 @@
 namespace generator {
 
 /// Where the content goes. Paths are relative to it; missing folders are made, files are replaced.
-/// A file that cannot be written is reported on stderr and makes `failed` true.
+/// The first file that cannot be written is reported on stderr, and nothing is written from then on.
 class ContentFolder
 {
 public:

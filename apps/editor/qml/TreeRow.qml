@@ -11,7 +11,6 @@ Rectangle {
 
     function toggle() { list.rows.toggle(index) }
 
-    objectName: "row-" + index
     width: list.width
     height: Theme.rowHeight
     color: isCurrent ? (list.activeFocus ? Theme.selection : Theme.selectionInactive)

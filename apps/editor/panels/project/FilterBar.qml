@@ -11,7 +11,7 @@ Rectangle {
 
     signal left // towards the rows
 
-    function focusText() { text.forceActiveFocus() }
+    function focusText() { nameField.forceActiveFocus() }
 
     implicitHeight: Theme.barHeight + 4
     color: Theme.pane
@@ -23,7 +23,7 @@ Rectangle {
         spacing: Theme.spacing
 
         SearchField {
-            id: text
+            id: nameField
 
             objectName: "text"
             Layout.fillWidth: true

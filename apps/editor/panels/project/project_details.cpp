@@ -19,10 +19,10 @@ QString counted(int count, const char* one, const char* many)
 
 QString sizeInFull(qint64 bytes)
 {
-    const QString exact = QLocale::c().toString(bytes).replace(QLatin1Char(','), QLatin1Char(' '));
+    const QString exact = QStringLiteral("%1 bytes").arg(bytes);
     if (bytes < 1000)
-        return exact + QLatin1String(" bytes");
-    return QStringLiteral("%1  (%2 bytes)").arg(QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat), exact);
+        return exact;
+    return QStringLiteral("%1  (%2)").arg(QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat), exact);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <host/registry/static_registrar.h>
 #include <support/log_capture.h>
 
+#include <QApplication>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QtTest>
@@ -341,7 +342,7 @@ private Q_SLOTS:
 
 int main(int argc, char** argv)
 {
-    QGuiApplication application(argc, argv);
+    QApplication application(argc, argv);
     StaticRegistrar::RegistrarInternals::runDeferred();
     editor::EditorWindow::chooseRenderer(true);
     tst_EditorWindow test;

@@ -290,7 +290,7 @@ private Q_SLOTS:
 int main(int argc, char** argv)
 {
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8")); // as the editor itself does
-    QGuiApplication application(argc, argv);
+    QCoreApplication application(argc, argv);
     tst_ProjectPanel test;
     return QTest::qExec(&test, argc, argv);
 }

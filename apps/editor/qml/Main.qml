@@ -35,12 +35,7 @@ Window {
                     readonly property var panel: modelData.panel
 
                     focus: index === tabs.currentIndex
-                    function load() {
-                        if (panel)
-                            setSource(modelData.url, { panel: panel })
-                    }
-                    Component.onCompleted: load()
-                    onPanelChanged: load()
+                    onPanelChanged: if (panel) setSource(modelData.url, { panel: panel })
                 }
             }
         }

@@ -10,8 +10,8 @@ FocusScope {
 
     focus: true
 
-    Shortcut { sequence: StandardKey.Find; onActivated: filters.focusText() }
-    Shortcut { sequence: StandardKey.Refresh; onActivated: panel.reload() }
+    Shortcut { sequence: StandardKey.Find; enabled: visible; onActivated: filters.focusText() }
+    Shortcut { sequence: StandardKey.Refresh; enabled: visible; onActivated: panel.reload() }
 
     Panes {
         anchors.fill: parent

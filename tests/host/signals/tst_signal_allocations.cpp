@@ -1,45 +1,11 @@
+#include "../allocation_count.h"
+
 #include <host/signals/fuzzy_signal.h>
 
 #include <QtTest>
 
-#include <cstdlib>
-#include <new>
 #include <optional>
 #include <string>
-
-namespace {
-
-thread_local int allocations = 0;
-
-/// Allocations by `new` of this thread since it was made.
-class AllocationCount
-{
-public:
-    int taken() const { return allocations - m_before; }
-
-private:
-    int m_before = allocations;
-};
-
-} // namespace
-
-void* operator new(std::size_t size)
-{
-    ++allocations;
-    if (void* memory = std::malloc(size))
-        return memory;
-    throw std::bad_alloc();
-}
-
-void operator delete(void* memory) noexcept
-{
-    std::free(memory);
-}
-
-void operator delete(void* memory, std::size_t) noexcept
-{
-    std::free(memory);
-}
 
 /// A program of its own, since it counts what the whole of it allocates.
 class tst_SignalAllocations : public QObject
@@ -51,7 +17,7 @@ private Q_SLOTS:
     {
         const AllocationCount count;
 
-        delete new std::string;
+        ::operator delete(::operator new(16));
 
         QCOMPARE(count.taken(), 1);
     }

@@ -45,12 +45,13 @@ private:
     std::string_view m_view;
 };
 
-void setText(Variant& target, std::string_view text)
+bool setText(const MetaType& type, void* value, std::string_view text)
 {
-    if (target.type()->kind() == Kind::String)
-        target = Variant(std::string(text));
+    if (type.kind() == Kind::String)
+        static_cast<std::string*>(value)->assign(text);
     else
-        target = Variant(QString::fromUtf8(text.data(), int(text.size())));
+        *static_cast<QString*>(value) = QString::fromUtf8(text.data(), int(text.size()));
+    return true;
 }
 
 std::string_view written(const MetaType& type, const void* value, std::array<char, longestNumber>& room)
@@ -90,6 +91,33 @@ const MetaType::Enumerator* byName(const MetaType& type, std::string_view name)
     return found == all.end() ? nullptr : &*found;
 }
 
+bool numberToText(const MetaType& type, void* value, const Variant& source)
+{
+    const MetaType& from = *source.type();
+    if (from.kind() == Kind::Bool)
+        return setText(type, value, *static_cast<const bool*>(source.address()) ? "true" : "false");
+    if (from.kind() == Kind::Enumeration) {
+        if (const auto* named = byValue(from, source.address()))
+            return setText(type, value, named->name);
+    }
+    std::array<char, longestNumber> room;
+    return setText(type, value, written(from, source.address(), room));
+}
+
+bool textToNumber(const MetaType& type, void* value, std::string_view text)
+{
+    if (type.kind() == Kind::Bool && (text == "true" || text == "false")) {
+        *static_cast<bool*>(value) = text == "true";
+        return true;
+    }
+    if (type.kind() == Kind::Enumeration) {
+        if (const auto* named = byName(type, text))
+            return Number::ofSigned(named->value).store(type, value);
+    }
+    const auto number = Number::parse(text);
+    return number && number->store(type, value);
+}
+
 } // namespace
 
 bool isNumber(Kind kind)
@@ -102,45 +130,13 @@ bool isText(Kind kind)
     return kind == Kind::String || kind == Kind::QtString;
 }
 
-bool numberToNumber(Variant& target, const Variant& source)
+bool basicToBasic(const MetaType& type, void* value, const Variant& source)
 {
-    return Number::load(*source.type(), source.address()).store(*target.type(), target.mutableAddress());
-}
-
-bool numberToText(Variant& target, const Variant& source)
-{
-    const MetaType& type = *source.type();
-    std::array<char, longestNumber> room;
-    if (type.kind() == Kind::Bool) {
-        setText(target, *static_cast<const bool*>(source.address()) ? "true" : "false");
-        return true;
-    }
-    const auto* named = type.kind() == Kind::Enumeration ? byValue(type, source.address()) : nullptr;
-    setText(target, named ? std::string_view(named->name) : written(type, source.address(), room));
-    return true;
-}
-
-bool textToNumber(Variant& target, const Variant& source)
-{
+    if (isNumber(source.type()->kind()))
+        return isNumber(type.kind()) ? Number::load(*source.type(), source.address()).store(type, value)
+                                     : numberToText(type, value, source);
     const TextView text(source);
-    const MetaType& type = *target.type();
-    if (type.kind() == Kind::Bool && (text.view() == "true" || text.view() == "false")) {
-        *static_cast<bool*>(target.mutableAddress()) = text.view() == "true";
-        return true;
-    }
-    if (type.kind() == Kind::Enumeration) {
-        if (const auto* named = byName(type, text.view()))
-            return Number::ofSigned(named->value).store(type, target.mutableAddress());
-    }
-    const auto number = Number::parse(text.view());
-    return number && number->store(type, target.mutableAddress());
-}
-
-bool textToText(Variant& target, const Variant& source)
-{
-    const TextView text(source);
-    setText(target, text.view());
-    return true;
+    return isNumber(type.kind()) ? textToNumber(type, value, text.view()) : setText(type, value, text.view());
 }
 
 bool sequenceToSequence(Variant& target, const Variant& source)

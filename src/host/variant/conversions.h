@@ -11,10 +11,8 @@ namespace qelm::Conversions {
 bool isNumber(Kind kind);
 bool isText(Kind kind);
 
-bool numberToNumber(Variant& target, const Variant& source);
-bool numberToText(Variant& target, const Variant& source);
-bool textToNumber(Variant& target, const Variant& source);
-bool textToText(Variant& target, const Variant& source);
+/// Writes a number or text, made of a number or text, to a value of the given type.
+bool basicToBasic(const MetaType& type, void* value, const Variant& source);
 
 bool toQt(Variant& target, const Variant& source);
 bool fromQt(Variant& target, const Variant& source);

@@ -18,6 +18,11 @@ std::string printed(Number number)
     return {room.data(), std::to_chars(room.data(), room.data() + room.size(), number).ptr};
 }
 
+std::string quoted(std::string_view word)
+{
+    return std::string(1, '\'').append(word).append(1, '\'');
+}
+
 char escaped(char character)
 {
     switch (character) {
@@ -141,7 +146,7 @@ bool TextStream::readMark(char mark)
         return false;
     skipBlanks();
     if (m_position == m_text.size() || m_text[m_position] != mark)
-        return fail(std::string("a '") + mark + "' is missing");
+        return fail(std::string("a ").append(quoted({&mark, 1})).append(" is missing"));
     ++m_position;
     return true;
 }
@@ -152,7 +157,7 @@ bool TextStream::readBool(bool& value)
         return false;
     const std::string_view word = readWord();
     if (word != "true" && word != "false")
-        return fail("'" + std::string(word) + "' is neither true nor false");
+        return fail(quoted(word).append(" is neither true nor false"));
     value = word == "true";
     return true;
 }
@@ -165,7 +170,7 @@ bool TextStream::readNumber(Number& value)
     const std::string_view word = readWord();
     const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
     if (error != std::errc() || end != word.data() + word.size())
-        return fail("'" + std::string(word) + "' is no number, or out of range");
+        return fail(quoted(word).append(" is no number, or out of range"));
     return true;
 }
 

@@ -7,8 +7,8 @@
 
 namespace qelm {
 
-/// Variants as readable text, one a line: `int 5`, `std::string "a\nb"`, `std::vector<double> [2 0.5 1]`.
-/// Blanks between the pieces do not count; a type's name goes up to the first piece.
+/// Variants as readable text, one a line: `int: 5`, `std::string: "a\nb"`, and sequences with their length in
+/// front: `std::vector<double>: [3 2 0.5 1]`. Any blanks may part the pieces.
 class DATAMODELS_HOST_API TextStream : public BasicStream
 {
 public:

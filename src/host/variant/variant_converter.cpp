@@ -55,6 +55,14 @@ bool climb(const Bases& known, const void*& address, std::type_index from, std::
 } // namespace
 
 namespace Conversions {
+namespace {
+
+bool isBasic(Kind kind)
+{
+    return isNumber(kind) || isText(kind);
+}
+
+} // namespace
 
 bool castAddress(const void*& address, const std::type_info& from, const std::type_info& to)
 {
@@ -100,14 +108,8 @@ bool VariantConverter::convert(Variant& target, const Variant& source)
 
     const Kind from = source.type()->kind();
     const Kind to = target.type()->kind();
-    if (isNumber(from) && isNumber(to))
-        return numberToNumber(target, source);
-    if (isText(from) && isNumber(to))
-        return textToNumber(target, source);
-    if (isNumber(from) && isText(to))
-        return numberToText(target, source);
-    if (isText(from) && isText(to))
-        return textToText(target, source);
+    if (isBasic(from) && isBasic(to))
+        return basicToBasic(*target.type(), target.mutableAddress(), source);
     if (added(target, source))
         return true;
     if (to == Kind::QtVariant)
@@ -117,6 +119,12 @@ bool VariantConverter::convert(Variant& target, const Variant& source)
     if (from == Kind::Pointer && to == Kind::Pointer)
         return pointerToPointer(target, source);
     return from == Kind::Sequence && to == Kind::Sequence && sequenceToSequence(target, source);
+}
+
+bool VariantConverter::convertBasic(const MetaType& type, void* value, const Variant& source)
+{
+    using namespace Conversions;
+    return !source.isVoid() && isBasic(source.type()->kind()) && basicToBasic(type, value, source);
 }
 
 void VariantConverter::addConversion(const MetaType& from, const MetaType& to, Conversion conversion)

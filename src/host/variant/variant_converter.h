@@ -41,6 +41,11 @@ public:
     {
         if (const To* exact = source.as<To>())
             return *exact;
+        if constexpr (kindOf<To>() >= Kind::Bool && kindOf<To>() <= Kind::QtString) {
+            To basic{};
+            if (convertBasic(metaType<To>(), &basic, source))
+                return basic;
+        }
         Variant target{To{}};
         if (!convert(target, source))
             return {};
@@ -73,6 +78,8 @@ public:
     }
 
 private:
+    // Numbers and texts, without a variant around the target.
+    static bool convertBasic(const MetaType& type, void* value, const Variant& source);
     static void addConversion(const MetaType& from, const MetaType& to, Conversion conversion);
     static void addAddressCast(const std::type_info& from, const std::type_info& to, AddressCast cast);
 };

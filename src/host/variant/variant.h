@@ -2,10 +2,10 @@
 
 #include <host/base/host_export.h>
 #include <host/variant/meta_type_impl.h>
+#include <host/variant/stored_value.h>
 
 #include <cstddef>
 #include <cstring>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -14,41 +14,6 @@
 #include <vector>
 
 namespace qelm {
-
-/// What a typed read of a variant with another value throws.
-class DATAMODELS_HOST_API CastError : public std::runtime_error
-{
-public:
-    CastError(const char* from, const char* to);
-};
-
-/// The storage form of a text literal in a variant.
-inline std::string upcast(const char* text)
-{
-    return text ? std::string(text) : std::string();
-}
-
-namespace Detail {
-
-/// What a variant keeps of a value that it is made from: texts of every kind become strings.
-template <class T>
-using Stored = std::conditional_t<std::is_same_v<std::decay_t<T>, const char*> ||
-                                      std::is_same_v<std::decay_t<T>, char*> ||
-                                      std::is_same_v<std::decay_t<T>, std::string_view>,
-                                  std::string, std::decay_t<T>>;
-
-template <class T>
-inline constexpr bool isPayload = false;
-template <class T>
-inline constexpr bool isPayload<MetaType::InlinePayload<T>> = true;
-template <class T>
-inline constexpr bool isPayload<MetaType::CowPayload<T>> = true;
-
-// Nothing here may ask how T is constructed: a class with a constructor from a variant would ask back.
-template <class T>
-concept Storable = !isPayload<std::decay_t<T>> && !std::is_same_v<std::decay_t<T>, std::nullptr_t>;
-
-} // namespace Detail
 
 /// A value of any type, or none (void).
 ///
@@ -197,35 +162,8 @@ private:
     alignas(inlineAlignment) std::byte m_room[inlineSize]{};
 };
 
-namespace Detail {
-
-template <class T>
-struct SequenceValueOperations
-{
-    using Element = typename T::value_type;
-
-    static const MetaType& element() { return metaType<Element>(); }
-    static std::size_t size(const void* value) { return static_cast<const T*>(value)->size(); }
-    static Variant at(const void* value, std::size_t index)
-    {
-        return Variant(Element((*static_cast<const T*>(value))[index]));
-    }
-    static Variant make(const std::vector<Variant>& elements)
-    {
-        T sequence;
-        sequence.reserve(elements.size());
-        for (const Variant& one : elements) {
-            if constexpr (std::is_same_v<Element, Variant>)
-                sequence.push_back(one);
-            else
-                sequence.push_back(one.value<Element>());
-        }
-        return Variant(std::move(sequence));
-    }
-    static constexpr MetaType::SequenceOperations table{&element, &size, &at, &make};
-};
-
-} // namespace Detail
 } // namespace qelm
 
 Q_DECLARE_METATYPE(qelm::Variant)
+
+#include <host/variant/sequence_operations.h>

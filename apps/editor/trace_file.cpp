@@ -102,7 +102,8 @@ void TraceFile::write()
     for (const Event& event : events)
         list << traceEvent(event, events.front().time);
 
-    const QByteArray json = QJsonDocument(QJsonObject{{QStringLiteral("traceEvents"), list}}).toJson(QJsonDocument::Compact);
+    const QJsonDocument document(QJsonObject{{QStringLiteral("traceEvents"), list}});
+    const QByteArray json = document.toJson(QJsonDocument::Compact);
     if (m_file.write(json) != json.size() || !m_file.flush())
         std::fprintf(stderr, "datamodels-editor: %s: %s\n", qUtf8Printable(m_file.fileName()),
                      qUtf8Printable(m_file.errorString()));

@@ -88,7 +88,8 @@ private Q_SLOTS:
         QTest::newRow("file for a directory")
             << QStringList{"--content", "/etc/passwd"} << "no such directory: \"/etc/passwd\"";
         QTest::newRow("unknown panel")
-            << QStringList{"--panel", "cellar"} << "no such panel: \"cellar\"; available: " + editor::panelNames().join(", ");
+            << QStringList{"--panel", "cellar"}
+            << "no such panel: \"cellar\"; available: " + editor::panelNames().join(", ");
         QTest::newRow("pictures where no directory can be")
             << QStringList{"--screenshot", "/dev/null/shots"} << "cannot make the directory \"/dev/null/shots\"";
         QTest::newRow("argument without an option") << QStringList{"content"} << "unexpected argument \"content\"";

@@ -113,7 +113,8 @@ private Q_SLOTS:
 
         stack.filter.setWithAncestors(true);
 
-        QCOMPARE(stack.lines(), (QStringList{"boats", "  barge.mesh", "  Sail.mesh", "textures", "  quay.png", "notes.txt"}));
+        QCOMPARE(stack.lines(), (QStringList{"boats", "  barge.mesh", "  Sail.mesh", "textures", "  quay.png",
+                                             "notes.txt"}));
     }
 
     void aKindShowsOnlyItsOwnAndIsNotInverted()

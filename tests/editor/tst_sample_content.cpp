@@ -78,7 +78,8 @@ private Q_SLOTS:
     {
         const QStringList byHand = without(filesBelow(m_committed), filesBelow(QDir(m_fresh.path())));
 
-        const QRegularExpression allowed("^(project\\.json|notes\\.txt|scripts/(canal|crews|rules|tools)/\\w+\\.(lua|py))$");
+        const QRegularExpression allowed(
+            "^(project\\.json|notes\\.txt|scripts/(canal|crews|rules|tools)/\\w+\\.(lua|py))$");
         QCOMPARE(byHand.filter(allowed), byHand);
         QCOMPARE(byHand.size(), 16);
     }

@@ -24,7 +24,8 @@ private Q_SLOTS:
         QTest::newRow("no match") << "lock_gate" << QStringList{"weir"} << Ranges();
         QTest::newRow("one match") << "lock_gate" << QStringList{"gate"} << Ranges{{5, 4}};
         QTest::newRow("every match") << "salt_salt" << QStringList{"sal"} << Ranges{{0, 3}, {5, 3}};
-        QTest::newRow("in the order of the text") << "lock_gate" << QStringList{"gate", "lock"} << Ranges{{0, 4}, {5, 4}};
+        QTest::newRow("in the order of the text")
+            << "lock_gate" << QStringList{"gate", "lock"} << Ranges{{0, 4}, {5, 4}};
         QTest::newRow("matches that touch are one") << "lock_gate" << QStringList{"lock", "_gate"} << Ranges{{0, 9}};
         QTest::newRow("matches that overlap are one") << "banana" << QStringList{"ana"} << Ranges{{1, 5}};
         QTest::newRow("a match in another is one") << "lock_gate" << QStringList{"gate", "at"} << Ranges{{5, 4}};

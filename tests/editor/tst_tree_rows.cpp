@@ -246,6 +246,35 @@ private Q_SLOTS:
         QCOMPARE(stack.current(), QString("weir"));
     }
 
+    void aSourceThatDiesLeavesNoRows()
+    {
+        auto source = std::make_unique<QStandardItemModel>();
+        fillIndented(*source, sample);
+        TreeRows rows(Qt::DisplayRole);
+        TreeCursor cursor(rows);
+        rows.setSourceModel(source.get());
+        cursor.setRow(2);
+
+        source.reset();
+
+        QCOMPARE(rows.rowCount(), 0);
+        QCOMPARE(cursor.row(), -1);
+        QVERIFY(!rows.sourceModel());
+    }
+
+    void rowsOutOfRangeAreNobodys()
+    {
+        Stack stack;
+
+        stack.rows.toggle(-1);
+        stack.rows.toggle(99);
+        stack.cursor.setRow(99);
+
+        QCOMPARE(shown(stack.rows), (QStringList{"+ boats", "+ canal", "quay"}));
+        QCOMPARE(stack.cursor.row(), -1);
+        QCOMPARE(stack.rows.keyOf(99), QString());
+    }
+
     void revealOpensWhatLeadsToARow()
     {
         Stack stack;
@@ -358,7 +387,9 @@ void tst_TreeRows::rowsOfARandomWalkAreThoseOfAFreshStack()
         case 0: stack.filterBy(QString::number(below(10))); break;
         case 1: stack.filterBy(QString()); break;
         case 2: stack.filter.sort(0, below(2) ? Qt::AscendingOrder : Qt::DescendingOrder); break;
-        case 3: stack.source.item(below(stack.source.rowCount()))->appendRow(new QStandardItem(QString("m%1").arg(step))); break;
+        case 3:
+            stack.source.item(below(stack.source.rowCount()))->appendRow(new QStandardItem(QString("m%1").arg(step)));
+            break;
         default: stack.rows.toggle(below(qMax(1, stack.rows.rowCount())));
         }
 

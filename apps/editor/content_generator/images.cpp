@@ -20,9 +20,12 @@ QString pngPath(const char* folder, const char* name)
 void writeTerrain(ContentFolder& content)
 {
     const Surface surfaces[] = {
-        {"marsh_grass", Pattern::Clay, 0xff2c3a1e, 0xff7d8f4a},    {"mud_flat", Pattern::Clay, 0xff3b2f26, 0xff7c6450},
-        {"river_bed", Pattern::Gravel, 0xff2b3133, 0xff8c948f},    {"salt_pan", Pattern::Cracks, 0xff98948a, 0xffefece2},
-        {"silt_bank", Pattern::Clay, 0xff5a5041, 0xffa3967c},      {"towpath", Pattern::Gravel, 0xff4b4336, 0xffb4a688},
+        {"marsh_grass", Pattern::Clay, 0xff2c3a1e, 0xff7d8f4a},
+        {"mud_flat", Pattern::Clay, 0xff3b2f26, 0xff7c6450},
+        {"river_bed", Pattern::Gravel, 0xff2b3133, 0xff8c948f},
+        {"salt_pan", Pattern::Cracks, 0xff98948a, 0xffefece2},
+        {"silt_bank", Pattern::Clay, 0xff5a5041, 0xffa3967c},
+        {"towpath", Pattern::Gravel, 0xff4b4336, 0xffb4a688},
     };
     for (const Surface& surface : surfaces)
         content.write(pngPath("terrain", surface.name.c_str()), colourImage(surface, 160));
@@ -31,11 +34,15 @@ void writeTerrain(ContentFolder& content)
 void writeProps(ContentFolder& content)
 {
     const Surface surfaces[] = {
-        {"barrel_side", Pattern::Planks, 0xff2f2117, 0xff9a6f42}, {"bollard_iron", Pattern::Plates, 0xff1c1e21, 0xff6c737b},
+        {"barrel_side", Pattern::Planks, 0xff2f2117, 0xff9a6f42},
+        {"bollard_iron", Pattern::Plates, 0xff1c1e21, 0xff6c737b},
         {"chain_links", Pattern::Weave, 0xff22252a, 0xff8b939c, 0.5, 1, 90},
-        {"crate_lid", Pattern::Planks, 0xff443320, 0xffbb9561},   {"fishing_net", Pattern::Weave, 0xff3a3427, 0xffb9ab83, 0.1, 0, 110},
-        {"kiln_wall", Pattern::Bricks, 0xff2d1c16, 0xffb0613a},   {"lock_gate", Pattern::Planks, 0xff1f2a22, 0xff66795f},
-        {"rope_coil", Pattern::Weave, 0xff4b3f2a, 0xffcdb582},    {"sail_canvas", Pattern::Weave, 0xff8f8468, 0xffe9dfc2},
+        {"crate_lid", Pattern::Planks, 0xff443320, 0xffbb9561},
+        {"fishing_net", Pattern::Weave, 0xff3a3427, 0xffb9ab83, 0.1, 0, 110},
+        {"kiln_wall", Pattern::Bricks, 0xff2d1c16, 0xffb0613a},
+        {"lock_gate", Pattern::Planks, 0xff1f2a22, 0xff66795f},
+        {"rope_coil", Pattern::Weave, 0xff4b3f2a, 0xffcdb582},
+        {"sail_canvas", Pattern::Weave, 0xff8f8468, 0xffe9dfc2},
         {"stair_slate", Pattern::Bricks, 0xff23282d, 0xff77838c},
     };
     for (const Surface& surface : surfaces)

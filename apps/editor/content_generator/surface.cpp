@@ -19,7 +19,8 @@ std::uint32_t hashOf(const std::string& text)
 
 double cellValue(std::uint32_t seed, int x, int y)
 {
-    std::uint32_t h = seed ^ (static_cast<std::uint32_t>(x) * 374761393u) ^ (static_cast<std::uint32_t>(y) * 668265263u);
+    std::uint32_t h = seed ^ (static_cast<std::uint32_t>(x) * 374761393u);
+    h ^= static_cast<std::uint32_t>(y) * 668265263u;
     h = (h ^ (h >> 13)) * 1274126177u;
     h ^= h >> 16;
     return (h & 0xffffu) / 65535.0;
@@ -123,7 +124,8 @@ double plates(std::uint32_t seed, double u, double v)
     const double dx = std::min(x, 1 - x) - 0.13;
     const double dy = std::min(y, 1 - y) - 0.13;
     const double rivet = dx * dx + dy * dy < 0.003 ? 0.3 : 0.0;
-    return std::min(1.0, ridge(x, 0.04) * ridge(y, 0.04) * (0.55 + 0.15 * valueNoise(seed, u * 16, v * 16, 16)) + rivet);
+    const double plate = 0.55 + 0.15 * valueNoise(seed, u * 16, v * 16, 16);
+    return std::min(1.0, ridge(x, 0.04) * ridge(y, 0.04) * plate + rivet);
 }
 
 double weave(double u, double v)
@@ -168,7 +170,8 @@ double heightAt(const Surface& surface, double u, double v)
         return std::clamp(1 - scatter(seed, u * 8, v * 8, 8).nearest, 0.0, 1.0);
     case Pattern::Cracks: {
         const Distances cell = scatter(seed, u * 5, v * 5, 5);
-        return smooth(std::clamp((cell.second - cell.nearest) * 5, 0.0, 1.0)) * (0.7 + 0.3 * cloud(surface.name, u, v, 6));
+        const double edge = smooth(std::clamp((cell.second - cell.nearest) * 5, 0.0, 1.0));
+        return edge * (0.7 + 0.3 * cloud(surface.name, u, v, 6));
     }
     }
     return 0;

@@ -75,7 +75,8 @@ void writeEffects(ContentFolder& content)
     for (const char* name : {"ember", "kiln_smoke", "lantern_glow", "marsh_mist", "spray", "wake"}) {
         Random random(name);
         content.write(QStringLiteral("effects/%1.fx").arg(QLatin1String(name)),
-                      QStringLiteral("texture = textures/effects/%1.png\nrate = %2\nlife = %3.%4\nsize = 0.%5 .. 1.%6\n")
+                      QStringLiteral("texture = textures/effects/%1.png\nrate = %2\n"
+                                     "life = %3.%4\nsize = 0.%5 .. 1.%6\n")
                           .arg(QLatin1String(name)).arg(random.between(2, 60)).arg(random.between(0, 4))
                           .arg(random.between(1, 9)).arg(random.between(1, 9)).arg(random.between(0, 9)));
     }

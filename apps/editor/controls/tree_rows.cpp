@@ -193,7 +193,7 @@ void TreeRows::rebuild()
         m_rows = makeNodes(*m_root, {}, 0, sourceModel()->rowCount() - 1);
 }
 
-// The rows of the source from `first` to `last`, and those of the open branches in them, in the order in which they show.
+// The rows of the source from `first` to `last` and those of the open branches in them, as they show.
 std::vector<TreeRows::Node*> TreeRows::makeNodes(Node& parent, const QModelIndex& sourceParent, int first, int last)
 {
     std::vector<Node*> rows;

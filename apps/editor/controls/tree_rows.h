@@ -13,8 +13,8 @@ namespace editor {
 /// A tree as a list: the rows of its open branches, one below the other, for a list view.
 ///
 /// What is open is remembered by the text of a key role, so it outlives filtering, sorting and resets of the source.
-/// While `opensAll` is set, as during a filter, branches are open unless they are closed by hand; leaving it brings back
-/// what was open before. Column 0 only.
+/// While `opensAll` is set, as during a filter, branches are open unless they are closed by hand; leaving it brings
+/// back what was open before. Column 0 only.
 /// Roles: those of the source, and "level" (from 0), "isExpandable", "isExpanded". Signals: `closing` precedes the
 /// removal of the rows of a branch that is closed. Does not own its source; without one it is empty.
 /// Cost: `data` takes the depth of the row; a change of the source moves the rows behind it. Thread: GUI.

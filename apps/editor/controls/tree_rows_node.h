@@ -19,7 +19,8 @@ struct TreeRows::Node
     int positionInParent() const
     {
         const auto& siblings = parent->children;
-        if (position >= static_cast<int>(siblings.size()) || siblings[static_cast<std::size_t>(position)].get() != this) {
+        const auto found = static_cast<std::size_t>(position);
+        if (found >= siblings.size() || siblings[found].get() != this) {
             for (std::size_t i = 0; i < siblings.size(); ++i)
                 siblings[i]->position = static_cast<int>(i);
         }

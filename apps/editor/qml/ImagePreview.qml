@@ -15,7 +15,8 @@ Item {
     Image {
         id: image
 
-        readonly property real room: Math.min((parent.width - 24) / implicitWidth, (parent.height - 24) / implicitHeight)
+        readonly property real room: Math.min((parent.width - 24) / implicitWidth,
+                                              (parent.height - 24) / implicitHeight)
         readonly property real zoom: room >= 1 ? Math.min(Math.floor(room), 8) : room
 
         anchors.centerIn: parent

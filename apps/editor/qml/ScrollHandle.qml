@@ -5,8 +5,8 @@ import Editor 1.0
 T.ScrollBar {
     id: bar
 
-    implicitWidth: 10
-    implicitHeight: 10
+    implicitWidth: Theme.scrollWidth
+    implicitHeight: Theme.scrollWidth
     padding: 2
     minimumSize: 0.06
     visible: size < 1

@@ -35,6 +35,7 @@ QtObject {
     readonly property int spacing: 6
     readonly property int margin: 8
     readonly property int indent: 16
+    readonly property int scrollWidth: 10
     readonly property int radius: 3
     readonly property int iconSize: 16
 

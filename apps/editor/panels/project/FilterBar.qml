@@ -9,6 +9,7 @@ Rectangle {
     property var panel
     readonly property var filter: panel.filter
 
+    readonly property bool isNarrow: width < 780
     signal left // towards the rows
 
     function focusText() { nameField.forceActiveFocus() }
@@ -53,8 +54,8 @@ Rectangle {
             checkable: true
             checked: filter.withAncestors
             icon.name: "ancestors"
-            text: qsTr("Match ancestors")
-            tip: qsTr("A row matches also when one of its ancestors does")
+            text: bar.isNarrow ? "" : qsTr("Match ancestors")
+            tip: qsTr("Match ancestors: a row matches also when one of its ancestors does")
             onToggled: filter.withAncestors = checked
         }
         IconButton {
@@ -62,15 +63,15 @@ Rectangle {
             checkable: true
             checked: filter.isInverted
             icon.name: "invert"
-            text: qsTr("Invert")
-            tip: qsTr("Shows what does not match")
+            text: bar.isNarrow ? "" : qsTr("Invert")
+            tip: qsTr("Invert: shows what does not match")
             onToggled: filter.isInverted = checked
         }
         IconButton {
             objectName: "clear"
             enabled: filter.isActive
             icon.name: "clear"
-            text: qsTr("Clear")
+            text: bar.isNarrow ? "" : qsTr("Clear")
             tip: qsTr("Ends all filters")
             onClicked: filter.clear()
         }

@@ -7,14 +7,19 @@ FocusScope {
 
     property var panel
     readonly property var filter: panel.filter
-    readonly property int kindWidth: 110
+    readonly property int kindWidth: width < 460 ? 0 : 110
     readonly property int sizeWidth: 86
-    readonly property int modifiedWidth: 140
-    readonly property int nameWidth: width - kindWidth - sizeWidth - modifiedWidth
+    readonly property int modifiedWidth: width < 600 ? 0 : 140
+    readonly property int nameWidth: width - kindWidth - sizeWidth - modifiedWidth - Theme.scrollWidth
 
     Rectangle {
         anchors.fill: parent
         color: Theme.window
+    }
+    Rectangle {
+        width: parent.width
+        height: header.height
+        color: Theme.raised
     }
     Row {
         id: header
@@ -29,6 +34,7 @@ FocusScope {
             ]
             HeaderCell {
                 width: modelData.width
+                visible: width > 0
                 text: modelData.title
                 role: modelData.role
                 alignment: modelData.alignment
@@ -66,6 +72,7 @@ FocusScope {
             }
             Label {
                 width: tree.kindWidth
+                visible: width > 0
                 height: parent.height
                 leftPadding: Theme.margin
                 text: model.kind
@@ -81,6 +88,7 @@ FocusScope {
             }
             Label {
                 width: tree.modifiedWidth
+                visible: width > 0
                 height: parent.height
                 leftPadding: Theme.margin
                 text: model.modifiedText

@@ -73,7 +73,8 @@ void ProjectDetails::showFolder(const ProjectNode& node)
     for (const auto& child : node.children())
         folders += static_cast<const ProjectNode&>(*child).kind() == FileKind::Folder ? 1 : 0;
     const int files = static_cast<int>(node.children().size()) - folders;
-    addFact(QStringLiteral("Contains"), counted(folders, "folder", "folders") + QLatin1String(", ") + counted(files, "file", "files"));
+    addFact(QStringLiteral("Contains"), QStringLiteral("%1, %2").arg(counted(folders, "folder", "folders"),
+                                                                     counted(files, "file", "files")));
 }
 
 void ProjectDetails::showImage(const QString& file)

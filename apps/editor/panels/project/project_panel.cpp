@@ -95,10 +95,10 @@ std::vector<Panel::Shot> ProjectPanel::shots()
                  m_cursor.reveal(find(QLatin1String(path)));
          }},
         {QStringLiteral("filtered"), [this] {
-             m_filter.text()->setText(QStringLiteral("lo"));
-             m_filter.words()->setText(QStringLiteral("map level"));
+             m_filter.text()->setText(QStringLiteral("ri"));
+             m_filter.words()->setText(QStringLiteral("texture map level"));
              m_filter.setWordsType(1);
-             m_cursor.reveal(find(QStringLiteral("scripts/arena_defs/kiln_hollow.xml")));
+             m_cursor.reveal(find(QStringLiteral("textures/tiles/brick_ochre_AM.png")));
          }},
         {QStringLiteral("empty"), [this] { m_filter.text()->setText(QStringLiteral("lighthouse")); }},
     };

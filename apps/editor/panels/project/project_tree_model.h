@@ -8,7 +8,7 @@ namespace editor {
 
 /// The files of a project as a tree of `ProjectNode`.
 ///
-/// Roles: "name", "kind", "size", "modified", "path", "icon", "sizeText", "modifiedText", "isFolder"; see `ProjectNode`.
+/// Roles: "name", "kind", "size", "modified", "path", "icon", "sizeText", "modifiedText", "isFolder" (`ProjectNode`).
 /// Hidden files and symbolic links to folders are left out: a link could lead back to where it stands.
 /// Thread: GUI.
 class ProjectTreeModel : public SimpleTreeModel

@@ -1,0 +1,100 @@
+#include <host/reflection/bound_property.h>
+
+#include <host/reflection/notifiers.h>
+#include <host/reflection/object_data.h>
+#include <host/reflection/set_property.h>
+#include <host/undo/commit_changes_scope.h>
+
+namespace zarn {
+namespace {
+
+bool isRecording()
+{
+    const Ozy::CommandsTransaction* transaction = Ozy::CommitChangesScope::transaction();
+    return transaction && transaction->composite;
+}
+
+} // namespace
+
+const ReflectedObject& BoundPropertyArgumentConvertor::objectOf(const BoundProperty& property)
+{
+    return property.object();
+}
+
+bool BoundProperty::operator==(const BoundProperty& other) const
+{
+    if (!isValid() || !other.isValid())
+        return isValid() == other.isValid();
+    return m_metaProperty == other.m_metaProperty && m_object == other.m_object;
+}
+
+bool BoundProperty::isStateless() const
+{
+    return isValid() && m_metaProperty->isStateless(*this);
+}
+
+const std::string& BoundProperty::name() const
+{
+    static const std::string none;
+    return m_metaProperty ? m_metaProperty->name() : none;
+}
+
+const qelm::Variant& BoundProperty::key() const
+{
+    static const qelm::Variant none;
+    return m_metaProperty ? m_metaProperty->key() : none;
+}
+
+ryk::Flags<meta_property::VisibilityFlag> BoundProperty::visibility() const
+{
+    return isValid() ? m_metaProperty->visibility(*this) : meta_property::hidden;
+}
+
+qelm::Variant BoundProperty::get() const
+{
+    return isValid() ? m_metaProperty->get(*this) : qelm::Variant();
+}
+
+bool BoundProperty::set(const qelm::Variant& value, ryk::Flags<SetterFlag> flags) const
+{
+    if (!isValue() || isReadOnly())
+        return false;
+    const qelm::Variant converted = m_metaProperty->converted(value);
+    if (converted.isVoid())
+        return false;
+
+    const bool records = isRecording() && !isStateless();
+    const qelm::Variant before = records ? get() : qelm::Variant();
+    const NotifyScope scope(*this, flags, NotifyFlag::Value);
+    // Who heard of the change to come may have destroyed the object.
+    if (!isValid() || !m_metaProperty->set(*this, converted, flags))
+        return false;
+    // Ahead of the notification: what listeners do in answer is undone before this.
+    if (records && isValid() && !(before == get()))
+        Ozy::CommitChangesScope::makeUndo<SetProperty>(*this, before);
+    return true;
+}
+
+qelm::Variant BoundProperty::genericInvoke(ryk::Flags<SetterFlag>, std::size_t count, const qelm::Variant* arguments) const
+{
+    return isMethod() ? m_metaProperty->invoke(*this, count, arguments) : qelm::Variant();
+}
+
+PropertyData* BoundProperty::propertyData() const
+{
+    return isValid() && m_object.data() ? m_object.data()->propertyData(m_metaProperty).get() : nullptr;
+}
+
+ryk::Connection BoundProperty::connectPropertyAboutToBeChanged(PropertySlot slot) const
+{
+    PropertyData* data = propertyData();
+    return data ? data->aboutToBeChanged.connect(std::move(slot)) : ryk::Connection();
+}
+
+ryk::Connection BoundProperty::connectPropertyChanged(PropertySlot slot) const
+{
+    PropertyData* data = propertyData();
+    return data ? data->changed.connect(std::move(slot)) : ryk::Connection();
+}
+
+} // namespace zarn

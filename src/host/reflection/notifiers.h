@@ -1,0 +1,103 @@
+#pragma once
+
+#include <host/base/host_export.h>
+#include <host/reflection/bound_property.h>
+
+#include <initializer_list>
+#include <memory>
+#include <vector>
+
+namespace zarn {
+
+class PropertyData;
+
+/// Brackets a change of one property: about-to-be-changed when made, changed when destroyed, also by an exception.
+///
+/// Scopes on one property nest; only the outermost pair is sent, with its flags. Without listeners it costs a look-up.
+class DATAMODELS_HOST_API NotifyScope
+{
+public:
+    static NotifyScope beginPropertyChange(BoundProperty property, ryk::Flags<SetterFlag> setterFlags,
+                                           ryk::Flags<NotifyFlag> notifyFlags);
+
+    NotifyScope(NotifyScope&& other) noexcept = default;
+    NotifyScope& operator=(NotifyScope&&) = delete;
+    ~NotifyScope();
+
+private:
+    friend class BoundProperty;
+
+    struct Change
+    {
+        BoundProperty property;
+        std::shared_ptr<PropertyData> data;
+        ryk::Flags<SetterFlag> setterFlags;
+        ryk::Flags<NotifyFlag> notifyFlags;
+    };
+
+    NotifyScope(const BoundProperty& property, ryk::Flags<SetterFlag> setterFlags, ryk::Flags<NotifyFlag> notifyFlags);
+
+    std::unique_ptr<Change> m_change; // null where nobody listens
+};
+
+/// Brackets a change of the named properties that no `set` announces.
+class DATAMODELS_HOST_API PropertyChangeNotifier
+{
+public:
+    PropertyChangeNotifier(const ReflectedObject& object, std::initializer_list<Ozy::BasicStringRef<char>> names,
+                           ryk::Flags<SetterFlag> setterFlags, ryk::Flags<NotifyFlag> notifyFlags = NotifyFlag::Value);
+    ~PropertyChangeNotifier();
+    PropertyChangeNotifier(const PropertyChangeNotifier&) = delete;
+    PropertyChangeNotifier& operator=(const PropertyChangeNotifier&) = delete;
+
+private:
+    std::vector<NotifyScope> m_scopes;
+};
+
+/// Brackets the insertion of properties `first` to `first + count - 1`.
+class DATAMODELS_HOST_API PropertiesAddNotifier
+{
+public:
+    PropertiesAddNotifier(ReflectedObject object, std::size_t first, std::size_t count);
+    ~PropertiesAddNotifier();
+    PropertiesAddNotifier(const PropertiesAddNotifier&) = delete;
+    PropertiesAddNotifier& operator=(const PropertiesAddNotifier&) = delete;
+
+private:
+    ReflectedObject m_object;
+    MetaObject* m_metaObject;
+    std::size_t m_first;
+    std::size_t m_count;
+};
+
+/// Brackets the removal of properties `first` to `first + count - 1`.
+class DATAMODELS_HOST_API PropertiesRemoveNotifier
+{
+public:
+    PropertiesRemoveNotifier(ReflectedObject object, std::size_t first, std::size_t count);
+    ~PropertiesRemoveNotifier();
+    PropertiesRemoveNotifier(const PropertiesRemoveNotifier&) = delete;
+    PropertiesRemoveNotifier& operator=(const PropertiesRemoveNotifier&) = delete;
+
+private:
+    ReflectedObject m_object;
+    MetaObject* m_metaObject;
+    std::size_t m_first;
+    std::size_t m_count;
+};
+
+/// Brackets a change of all properties at once.
+class DATAMODELS_HOST_API PropertiesResetNotifier
+{
+public:
+    explicit PropertiesResetNotifier(ReflectedObject object);
+    ~PropertiesResetNotifier();
+    PropertiesResetNotifier(const PropertiesResetNotifier&) = delete;
+    PropertiesResetNotifier& operator=(const PropertiesResetNotifier&) = delete;
+
+private:
+    ReflectedObject m_object;
+    MetaObject* m_metaObject;
+};
+
+} // namespace zarn

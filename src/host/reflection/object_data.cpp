@@ -1,0 +1,65 @@
+#include <host/reflection/object_data.h>
+
+#include <host/reflection/meta_property.h>
+
+namespace zarn {
+
+PropertyData::PropertyData(ObjectData& object, std::weak_ptr<MetaProperty> metaProperty)
+    : m_object(&object), m_metaProperty(std::move(metaProperty)), m_key(m_metaProperty.lock().get())
+{
+}
+
+PropertyData::~PropertyData() = default;
+
+void PropertyData::setMetaProperty(std::weak_ptr<MetaProperty> metaProperty)
+{
+    const std::shared_ptr<PropertyData> self = shared_from_this();
+    const MetaProperty* key = metaProperty.lock().get();
+    if (m_object) {
+        auto& properties = m_object->m_properties;
+        const auto before = properties.find(m_key);
+        if (before != properties.end() && before->second == self)
+            properties.erase(before);
+        properties[key] = self;
+    }
+    m_metaProperty = std::move(metaProperty);
+    m_key = key;
+}
+
+ObjectData::ObjectData(MetaObject* metaObject) : m_metaObject(metaObject) {}
+
+ObjectData::~ObjectData()
+{
+    for (const auto& [key, data] : m_properties)
+        data->m_object = nullptr;
+}
+
+void ObjectData::markDead()
+{
+    if (!m_isAlive)
+        return;
+    m_isAlive = false;
+    const std::shared_ptr<ObjectData> keepAlive = weak_from_this().lock();
+    deleted();
+}
+
+std::shared_ptr<PropertyData> ObjectData::findPropertyData(const MetaProperty& property) const
+{
+    const auto found = m_properties.find(&property);
+    return found == m_properties.end() ? nullptr : found->second;
+}
+
+std::shared_ptr<PropertyData> ObjectData::propertyData(const std::shared_ptr<MetaProperty>& property)
+{
+    std::shared_ptr<PropertyData>& data = m_properties[property.get()];
+    if (!data)
+        data = std::make_shared<PropertyData>(*this, property);
+    return data;
+}
+
+void ObjectData::dropPropertyData(const MetaProperty& property)
+{
+    m_properties.erase(&property);
+}
+
+} // namespace zarn

@@ -41,6 +41,8 @@ public:
     const std::string& name() const { return m_name; }
     const Annotations& annotations() const { return m_annotations; }
     Kind kind() const { return m_kind; }
+    /// How many arguments a method takes.
+    virtual std::size_t argumentCount() const { return 0; }
     virtual bool isConst() const { return false; }
     virtual bool isReadOnly() const { return true; }
 

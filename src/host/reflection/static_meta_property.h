@@ -58,6 +58,7 @@ public:
     {
     }
 
+    std::size_t argumentCount() const override { return arity; }
     qelm::Variant invoke(const BoundProperty& property, std::size_t count, const qelm::Variant* arguments) const override
     {
         if (count != arity)

@@ -12,7 +12,7 @@ import sys
 from pathlib import Path
 
 CLASS = re.compile(r"(?:class|struct)\s+\w+_API\s+(?:\w+::)*(\w+)")
-FUNCTION_OR_VARIABLE = re.compile(r"^\s*\w+_API\s[^;({]*?(\w+)\s*[;({]", re.MULTILINE)
+FUNCTION_OR_VARIABLE = re.compile(r"^\s*(?:\[\[\w+\]\]\s*)?\w+_API\s[^;({]*?(\w+)\s*[;({]", re.MULTILINE)
 # Strong symbols and virtual tables: inline functions of the standard library and of Qt are weak.
 SYMBOL = re.compile(r"^[0-9a-f]+ [TBDRV] (.+)$", re.MULTILINE)
 PREFIX = re.compile(r"^(vtable|typeinfo|typeinfo name|VTT|construction vtable|guard variable) for ")
@@ -37,7 +37,10 @@ def symbols(nm_output):
 
 def owners(symbol):
     """The parts of a qualified name, without arguments of functions and templates."""
-    return set(re.sub(r"\[abi:\w+\]|<.*>|\(.*", "", symbol).split("::"))
+    bare = re.sub(r"\[abi:\w+\]", "", symbol)
+    while bare != (outer := re.sub(r"<[^<>]*>", "", bare)):
+        bare = outer
+    return set(re.sub(r"\(.*", "", bare).split("::"))
 
 
 def strays(nm_output, headers):

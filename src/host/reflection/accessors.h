@@ -81,6 +81,11 @@ qelm::Variant convertedTo(const qelm::Variant& value)
         if constexpr (std::is_pointer_v<V> && std::is_class_v<std::remove_pointer_t<V>>) {
             if (V object = cast<std::remove_cv_t<std::remove_pointer_t<V>>>(value))
                 return qelm::Variant(object);
+        } else if constexpr (isSharedPointer<V>) {
+            const qelm::MetaType::PointerOperations* pointer = value.isVoid() ? nullptr : value.type()->operations().pointer;
+            const std::shared_ptr<const void> owner = pointer ? pointer->owner(value.address()) : nullptr;
+            if (auto* object = owner ? cast<std::remove_cv_t<typename V::element_type>>(value) : nullptr)
+                return qelm::Variant(V(std::const_pointer_cast<void>(owner), object));
         }
         return {};
     }

@@ -65,13 +65,14 @@ bool BoundProperty::set(const qelm::Variant& value, ryk::Flags<SetterFlag> flags
 
     const bool records = isRecording() && !isStateless();
     const qelm::Variant before = records ? get() : qelm::Variant();
-    const NotifyScope scope(*this, flags, NotifyFlag::Value);
-    // Who heard of the change to come may have destroyed the object.
-    if (!isValid() || !m_metaProperty->set(*this, converted, flags))
+    const NotifyScope scope = NotifyScope::beginPropertyChange(*this, flags, NotifyFlag::Value);
+    // Who heard of the change to come may have removed or moved the property, or destroyed the object.
+    const BoundProperty current = scope.current();
+    if (!current.isValid() || !current.m_metaProperty->set(current, converted, flags))
         return false;
     // Ahead of the notification: what listeners do in answer is undone before this.
-    if (records && isValid() && !(before == get()))
-        Ozy::CommitChangesScope::makeUndo<SetProperty>(*this, before);
+    if (records && current.isValid() && !(before == current.get()))
+        Ozy::CommitChangesScope::makeUndo<SetProperty>(current, before);
     return true;
 }
 

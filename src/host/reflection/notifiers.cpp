@@ -8,27 +8,37 @@ namespace zarn {
 NotifyScope NotifyScope::beginPropertyChange(BoundProperty property, ryk::Flags<SetterFlag> setterFlags,
                                              ryk::Flags<NotifyFlag> notifyFlags)
 {
-    return {property, setterFlags, notifyFlags};
+    std::shared_ptr<PropertyData> data;
+    if (property.isValid() && property.object().data())
+        data = property.object().data()->findPropertyData(*property.metaProperty());
+    return {std::move(property), std::move(data), setterFlags, notifyFlags};
 }
 
-NotifyScope::NotifyScope(const BoundProperty& property, ryk::Flags<SetterFlag> setterFlags,
-                         ryk::Flags<NotifyFlag> notifyFlags)
+NotifyScope NotifyScope::beginPropertyChange(BoundProperty property, std::shared_ptr<PropertyData> data,
+                                             ryk::Flags<SetterFlag> setterFlags, ryk::Flags<NotifyFlag> notifyFlags)
 {
-    if (!property.isValid() || !property.object().data())
-        return;
-    std::shared_ptr<PropertyData> data = property.object().data()->findPropertyData(*property.metaProperty());
-    if (!data)
-        return;
+    return {std::move(property), std::move(data), setterFlags, notifyFlags};
+}
 
-    m_change = std::make_unique<Change>(Change{property, std::move(data), setterFlags, notifyFlags});
-    if (m_change->data->m_openChanges++ == 0)
-        m_change->data->aboutToBeChanged(m_change->property, setterFlags, notifyFlags);
+NotifyScope::NotifyScope(BoundProperty property, std::shared_ptr<PropertyData> data, ryk::Flags<SetterFlag> setterFlags,
+                         ryk::Flags<NotifyFlag> notifyFlags)
+    : m_property(std::move(property)), m_data(std::move(data)), m_setterFlags(setterFlags), m_notifyFlags(notifyFlags)
+{
+    if (m_data && m_data->m_openChanges++ == 0)
+        m_data->aboutToBeChanged(m_property, setterFlags, notifyFlags);
 }
 
 NotifyScope::~NotifyScope()
 {
-    if (m_change && --m_change->data->m_openChanges == 0)
-        m_change->data->changed(m_change->property, m_change->setterFlags, m_change->notifyFlags);
+    if (m_data && --m_data->m_openChanges == 0)
+        m_data->changed(m_property, m_setterFlags, m_notifyFlags);
+}
+
+BoundProperty NotifyScope::current() const
+{
+    if (!m_data || !m_property.isValid())
+        return m_property;
+    return m_data->isBound() ? BoundProperty(m_property.object(), m_data->metaProperty()) : BoundProperty();
 }
 
 PropertyChangeNotifier::PropertyChangeNotifier(const ReflectedObject& object,

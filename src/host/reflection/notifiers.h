@@ -19,25 +19,26 @@ class DATAMODELS_HOST_API NotifyScope
 public:
     static NotifyScope beginPropertyChange(BoundProperty property, ryk::Flags<SetterFlag> setterFlags,
                                            ryk::Flags<NotifyFlag> notifyFlags);
+    /// The same by data that has been looked up before.
+    static NotifyScope beginPropertyChange(BoundProperty property, std::shared_ptr<PropertyData> data,
+                                           ryk::Flags<SetterFlag> setterFlags, ryk::Flags<NotifyFlag> notifyFlags);
 
     NotifyScope(NotifyScope&& other) noexcept = default;
     NotifyScope& operator=(NotifyScope&&) = delete;
     ~NotifyScope();
 
+    /// The property as it stands now: under another description if listeners were told of a move meanwhile, invalid if it
+    /// was removed.
+    BoundProperty current() const;
+
 private:
-    friend class BoundProperty;
+    NotifyScope(BoundProperty property, std::shared_ptr<PropertyData> data, ryk::Flags<SetterFlag> setterFlags,
+                ryk::Flags<NotifyFlag> notifyFlags);
 
-    struct Change
-    {
-        BoundProperty property;
-        std::shared_ptr<PropertyData> data;
-        ryk::Flags<SetterFlag> setterFlags;
-        ryk::Flags<NotifyFlag> notifyFlags;
-    };
-
-    NotifyScope(const BoundProperty& property, ryk::Flags<SetterFlag> setterFlags, ryk::Flags<NotifyFlag> notifyFlags);
-
-    std::unique_ptr<Change> m_change; // null where nobody listens
+    BoundProperty m_property;
+    std::shared_ptr<PropertyData> m_data; // null where nobody listens
+    ryk::Flags<SetterFlag> m_setterFlags;
+    ryk::Flags<NotifyFlag> m_notifyFlags;
 };
 
 /// Brackets a change of the named properties that no `set` announces.

@@ -20,7 +20,11 @@ void PropertyData::setMetaProperty(std::weak_ptr<MetaProperty> metaProperty)
         const auto before = properties.find(m_key);
         if (before != properties.end() && before->second == self)
             properties.erase(before);
-        properties[key] = self;
+        std::shared_ptr<PropertyData>& place = properties[key];
+        if (place)
+            place->m_isBound = false;
+        place = self;
+        m_isBound = true;
     }
     m_metaProperty = std::move(metaProperty);
     m_key = key;
@@ -59,7 +63,14 @@ std::shared_ptr<PropertyData> ObjectData::propertyData(const std::shared_ptr<Met
 
 void ObjectData::dropPropertyData(const MetaProperty& property)
 {
-    m_properties.erase(&property);
+    const auto found = m_properties.find(&property);
+    if (found == m_properties.end())
+        return;
+    // Its listeners die with it, after it is out of the table that they may look into.
+    const std::shared_ptr<PropertyData> dropped = std::move(found->second);
+    dropped->m_isBound = false;
+    dropped->m_object = nullptr;
+    m_properties.erase(found);
 }
 
 } // namespace zarn

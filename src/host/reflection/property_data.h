@@ -23,6 +23,8 @@ public:
     /// Makes this the data of another property of the object, in the place of any that it had: listeners follow an
     /// element to its new index. The data that was there lives on only in the hands of who has taken it.
     void setMetaProperty(std::weak_ptr<MetaProperty> metaProperty);
+    /// Whether it is still what the object keeps of the property: not once the property was removed.
+    bool isBound() const { return m_isBound; }
 
     PropertySignal aboutToBeChanged;
     PropertySignal changed;
@@ -35,6 +37,7 @@ private:
     std::weak_ptr<MetaProperty> m_metaProperty;
     const MetaProperty* m_key;
     int m_openChanges = 0;
+    bool m_isBound = true;
 };
 
 } // namespace zarn

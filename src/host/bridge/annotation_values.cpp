@@ -13,7 +13,7 @@ QVariant asQVariant(const Variant& annotation, const zarn::BoundProperty& proper
     if (const auto* text = annotation.as<Meta::Label::Text>())
         return QString::fromStdString((*text)(property));
     if (const auto* label = annotation.as<Meta::Label::Visible>())
-        return label->isVisible;
+        return (*label)(property);
     if (const auto* visible = annotation.as<Meta::Visible>())
         return (*visible)(property).value() != 0;
     if (const auto* precision = annotation.as<Meta::Precision>())

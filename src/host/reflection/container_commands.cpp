@@ -3,8 +3,8 @@
 namespace zarn {
 
 UndoContainerBase::UndoContainerBase(Ozy::BasicOwningStringView<char> name, const ReflectedObject& container,
-                                     std::size_t index)
-    : Command(std::move(name)), m_container(container), m_key(index)
+                                     qelm::Variant key)
+    : Command(std::move(name)), m_container(container), m_key(std::move(key))
 {
 }
 

@@ -12,11 +12,12 @@
 
 namespace zarn {
 
-/// What the commands that undo the changes of a collection keep: the collection, and the index of the element.
+/// What the commands that undo the changes of a collection keep: the collection, and the index of the element as a `size_t`,
+/// or the key of a generic object's property.
 class DATAMODELS_HOST_API UndoContainerBase : public Ozy::utils::Command
 {
 public:
-    UndoContainerBase(Ozy::BasicOwningStringView<char> name, const ReflectedObject& container, std::size_t index);
+    UndoContainerBase(Ozy::BasicOwningStringView<char> name, const ReflectedObject& container, qelm::Variant key);
     ~UndoContainerBase() override;
 
 protected:

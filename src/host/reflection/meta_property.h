@@ -46,7 +46,7 @@ public:
     virtual bool isConst() const { return false; }
     virtual bool isReadOnly() const { return true; }
 
-    bool isStateless(const BoundProperty& property) const;
+    virtual bool isStateless(const BoundProperty& property) const;
     /// What the `Meta::Visible` annotations agree on; fully visible without one.
     virtual ryk::Flags<meta_property::VisibilityFlag> visibility(const BoundProperty& property) const;
 

@@ -1,0 +1,179 @@
+#include <host/reflection/merged_property.h>
+
+#include <host/reflection/meta.h>
+
+#include <algorithm>
+
+namespace zarn {
+namespace {
+
+struct Written
+{
+    BoundProperty property;
+    qelm::Variant before;
+};
+
+void takeBack(const std::vector<Written>& written, ryk::Flags<SetterFlag> flags)
+{
+    for (auto one = written.rbegin(); one != written.rend(); ++one)
+        one->property.set(one->before, flags);
+}
+
+Annotations mergedAnnotations(const BoundProperty& first)
+{
+    Annotations annotations = first.annotations();
+    annotations += qelm::Variant(Meta::MultiSelection::Mixed{
+        [](const BoundProperty& property) { return MergedProperty::isMixed(property); }});
+    return annotations;
+}
+
+} // namespace
+
+MergedProperty::MergedProperty(const ReflectedObject& owner, const BoundProperty& first)
+    : NotifyableMetaProperty<1>(first.isMethod() ? Kind::Method : Kind::Value, first.key(), mergedAnnotations(first))
+    , m_owner(owner)
+{
+}
+
+MergedProperty::~MergedProperty() = default;
+
+void MergedProperty::add(std::size_t number, const BoundProperty& property)
+{
+    Target& target = m_targets[number];
+    target.property = property;
+    if (property.isConst() || property.isMethod())
+        return;
+    target.aboutToBeChanged = property.connectPropertyAboutToBeChanged(
+        [this, &target](const BoundProperty&, ryk::Flags<SetterFlag> setter, ryk::Flags<NotifyFlag> notify) {
+            target.change = std::make_unique<NotifyScope>(NotifyScope::beginPropertyChange(bound(), setter, notify));
+        });
+    target.changed = property.connectPropertyChanged([&target] {
+        // Taken out first: who is told may take the object out of the selection.
+        const std::unique_ptr<NotifyScope> ending = std::move(target.change);
+    });
+}
+
+void MergedProperty::remove(std::size_t number)
+{
+    const auto removed = m_targets.extract(number);
+}
+
+bool MergedProperty::fits(const BoundProperty& target) const
+{
+    return target.isValid() && target.isMethod() == (kind() == Kind::Method);
+}
+
+BoundProperty MergedProperty::bound() const
+{
+    return {m_owner, std::const_pointer_cast<MetaProperty>(shared_from_this())};
+}
+
+bool MergedProperty::isMixed(const BoundProperty& property)
+{
+    const auto* merged = dynamic_cast<const MergedProperty*>(property.metaProperty().get());
+    return merged && merged->isMixed();
+}
+
+bool MergedProperty::isMixed() const
+{
+    const std::vector<BoundProperty> all = targets();
+    if (all.empty())
+        return false;
+    const qelm::Variant first = all.front().get();
+    return std::any_of(all.begin() + 1, all.end(), [&first](const BoundProperty& one) { return !(one.get() == first); });
+}
+
+std::size_t MergedProperty::argumentCount() const
+{
+    const std::vector<BoundProperty> all = targets();
+    return all.empty() ? 0 : all.front().metaProperty()->argumentCount();
+}
+
+bool MergedProperty::isConst() const
+{
+    return std::all_of(m_targets.begin(), m_targets.end(), [](const auto& entry) { return entry.second.property.isConst(); });
+}
+
+bool MergedProperty::isReadOnly() const
+{
+    return std::any_of(m_targets.begin(), m_targets.end(),
+                       [](const auto& entry) { return entry.second.property.isReadOnly(); });
+}
+
+ryk::Flags<meta_property::VisibilityFlag> MergedProperty::visibility(const BoundProperty&) const
+{
+    auto visibility = meta_property::fullyVisible;
+    for (const BoundProperty& target : targets())
+        visibility &= target.visibility();
+    return visibility;
+}
+
+qelm::Variant MergedProperty::get(const BoundProperty&) const
+{
+    const std::vector<BoundProperty> all = targets();
+    if (all.empty())
+        return {};
+    const auto reduce = all.size() > 1 ? annotations().find<Meta::MultiSelection::ReduceMap>() : Annotations::untyped_iterator();
+    if (!reduce.isValid())
+        return isMixed() ? qelm::Variant() : all.front().get();
+
+    std::vector<qelm::Variant> values;
+    for (const BoundProperty& target : all)
+        values.push_back(target.get());
+    return reduce->value<Meta::MultiSelection::ReduceMap>().reduce(values);
+}
+
+qelm::Variant MergedProperty::converted(const qelm::Variant& value) const
+{
+    qelm::Variant first;
+    for (const BoundProperty& target : targets()) {
+        const qelm::Variant converted = target.metaProperty()->converted(value);
+        if (converted.isVoid())
+            return {};
+        if (first.isVoid())
+            first = converted;
+    }
+    return first;
+}
+
+bool MergedProperty::set(const BoundProperty&, const qelm::Variant& value, ryk::Flags<SetterFlag> flags) const
+{
+    std::vector<Written> written;
+    try {
+        for (const BoundProperty& target : targets()) {
+            Written one{target, target.get()};
+            if (!target.set(value, flags)) {
+                takeBack(written, flags);
+                return false;
+            }
+            written.push_back(std::move(one));
+        }
+    } catch (...) {
+        takeBack(written, flags);
+        throw;
+    }
+    return true;
+}
+
+qelm::Variant MergedProperty::invoke(const BoundProperty&, std::size_t count, const qelm::Variant* arguments) const
+{
+    std::vector<qelm::Variant> results;
+    for (const BoundProperty& target : targets())
+        results.push_back(target.genericInvoke({}, count, arguments));
+    const bool agree = std::all_of(results.begin(), results.end(),
+                                   [&results](const qelm::Variant& one) { return one == results.front(); });
+    return agree && !results.empty() ? results.front() : qelm::Variant();
+}
+
+std::vector<BoundProperty> MergedProperty::targets() const
+{
+    std::vector<BoundProperty> all;
+    all.reserve(m_targets.size());
+    for (const auto& [number, target] : m_targets) {
+        if (target.property.isValid()) // not one that is dying
+            all.push_back(target.property);
+    }
+    return all;
+}
+
+} // namespace zarn

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <host/reflection/bound_property.h>
+#include <host/reflection/reflected_object.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+/// What annotations are made of: answers that are fixed, or that a function gives at each reading.
+namespace Meta::Detail {
+
+/// An answer of type `Answer` about a `Subject`, an object or a property.
+template <class Subject, class Answer>
+class Function
+{
+public:
+    Function(Answer answer) : m_function([answer = std::move(answer)](const Subject&) { return answer; }) {}
+    template <class Functor>
+    requires std::is_invocable_r_v<Answer, const Functor&, const Subject&>
+    Function(Functor function) : m_function(std::move(function)) {}
+    Answer operator()(const Subject& subject) const { return m_function(subject); }
+
+private:
+    std::function<Answer(const Subject&)> m_function;
+};
+
+using ObjectBool = Function<zarn::ReflectedObject, bool>;
+using PropertyBool = Function<zarn::BoundProperty, bool>;
+
+/// A text that may depend on the property; empty by default.
+class PropertyText : public Function<zarn::BoundProperty, std::string>
+{
+public:
+    using Function::Function;
+    PropertyText(const char* text = "") : Function(std::string(text)) {}
+};
+
+/// A range that may depend on the property, both ends included; none by default.
+class PropertyRange
+{
+public:
+    using Range = std::optional<std::pair<qelm::Variant, qelm::Variant>>;
+
+    PropertyRange() : PropertyRange([](const zarn::BoundProperty&) { return Range(); }) {}
+    PropertyRange(qelm::Variant least, qelm::Variant most)
+        : PropertyRange([range = Range(std::pair(std::move(least), std::move(most)))](const zarn::BoundProperty&) { return range; })
+    {
+    }
+    explicit PropertyRange(std::function<Range(const zarn::BoundProperty&)> function) : range(std::move(function)) {}
+
+    std::function<Range(const zarn::BoundProperty&)> range;
+};
+
+} // namespace Meta::Detail

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <host/base/host_export.h>
+#include <host/reflection/bound_property.h>
+#include <host/reflection/generic_object.h>
+
+#include <map>
+#include <utility>
+
+namespace zarn {
+
+class MergedProperty;
+
+/// Several objects as one, for a panel that edits all that is selected.
+///
+/// Objects whose types have the same name (`Meta::MultiSelection::ObjectType`) merge; the type is that of the object that
+/// was merged first, and those of other types wait until all of it have left. Shown are the properties that all objects
+/// have, by name, as the first one describes them. An object that dies leaves by itself.
+///
+/// A property reads as the value that all agree on. Where they differ it is mixed (`isMixed`, or the annotation
+/// `Meta::MultiSelection::Mixed`) and reads as void, or, with a `ReduceMap`, as what that makes of the values of several.
+/// Writing reaches all objects or none: if one refuses or throws, the others get their values back. In an open transaction
+/// each object records its own undo. A method is called for each; its result is what all agree on.
+/// Signals: a change of a property of any object, a write to all included, is one pair of notifications; so is each that
+/// comes or goes. A change of type, or of what the objects have in common, is a reset, or removals.
+/// The objects are not kept alive but by the handles that were passed. Thread: GUI only.
+class DATAMODELS_HOST_API MultiSelection : public GenericObject
+{
+public:
+    /// Which properties are shown.
+    enum class Mode
+    {
+        Common, ///< those that all objects have
+    };
+
+    /// With `onlyEqualTypes` false, objects of all types merge.
+    explicit MultiSelection(Mode mode = Mode::Common, bool onlyEqualTypes = true);
+    ~MultiSelection() override;
+
+    /// Whether there is no object, not even one that waits.
+    bool empty() const { return m_members.empty(); }
+    /// How many objects there are, waiting ones not counted.
+    std::size_t mergedCount() const;
+
+    /// Takes an object in; `reference` is the property through which it was reached, or an invalid one. Nothing happens for
+    /// an invalid handle, an object that is there already, and the selection itself.
+    void merge(const ReflectedObject& object, const BoundProperty& reference);
+    /// Lets an object go; false if it is not there.
+    bool unmerge(const ReflectedObject& object);
+
+    /// The property through which the first object was reached.
+    BoundProperty parent() const;
+
+    /// Whether the objects differ in a property of a selection; false for any other property.
+    static bool isMixed(const BoundProperty& property);
+
+    std::string typeName() const override;
+
+private:
+    using Identity = std::pair<const void*, const MetaObject*>;
+    struct Member;
+
+    void cleared() override;
+    bool isOpen() const override { return false; }
+
+    bool takesPart(const Member& member) const;
+    const Member* firstMember() const;
+    void join(std::size_t number);
+    void leave(std::size_t number);
+    void rebuild();
+    Properties commonProperties();
+
+    bool m_onlyEqualTypes;
+    bool m_isNarrowed = false; // some object has a property that others lack
+    std::string m_type;
+    std::size_t m_nextNumber = 0;
+    std::map<std::size_t, Member> m_members; // in the order of selection
+    std::map<Identity, std::size_t> m_numbers;
+};
+
+} // namespace zarn

@@ -66,11 +66,6 @@ DebugMessageHelper::DebugMessageHelper(int priority, const char* category, const
 {
 }
 
-DebugMessageHelper::DebugMessageHelper(int priority, const char* category, std::source_location where)
-    : DebugMessageHelper(priority, category, where.file_name(), static_cast<int>(where.line()))
-{
-}
-
 DebugMessageHelper& DebugMessageHelper::detail(std::string text)
 {
     m_record.detail = std::move(text);
@@ -100,9 +95,9 @@ DebugMessageHelper::Sink DebugMessageHelper::setSink(Sink sink)
     return std::exchange(slot.sink, sink ? std::move(sink) : Sink(writeToQtLog));
 }
 
-bool Detail::assertionFailed(const char* condition, const char* detail, std::source_location where)
+bool Detail::assertionFailed(const char* condition, const char* detail, const char* file, int line)
 {
-    DebugMessageHelper(Priority::structural, "datamodels", where)
+    DebugMessageHelper(Priority::structural, "datamodels", file, line)
         .detail(detail)
         .message("ASSERTION FAILED: %s\r\n", condition);
     return false;

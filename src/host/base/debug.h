@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <functional>
-#include <source_location>
 #include <string>
 
 namespace Ozy {
@@ -39,9 +38,8 @@ public:
     };
     using Sink = std::function<void(const Record&)>;
 
-    DebugMessageHelper(int priority, const char* category, const char* file, int line);
-    DebugMessageHelper(int priority, const char* category,
-                       std::source_location where = std::source_location::current());
+    DebugMessageHelper(int priority, const char* category, const char* file = __builtin_FILE(),
+                       int line = __builtin_LINE());
 
     [[gnu::format(printf, 2, 3)]] void message(const char* format, ...);
 
@@ -67,7 +65,7 @@ constexpr bool assertionValue(const Condition& condition)
 template <std::size_t N>
 bool assertionValue(const char (&)[N]) = delete;
 
-DATAMODELS_HOST_API bool assertionFailed(const char* condition, const char* detail, std::source_location where);
+DATAMODELS_HOST_API bool assertionFailed(const char* condition, const char* detail, const char* file, int line);
 
 } // namespace Detail
 } // namespace Ozy
@@ -76,14 +74,14 @@ DATAMODELS_HOST_API bool assertionFailed(const char* condition, const char* deta
 /// that of the condition, so that a caller can guard what follows: `if (!OZY_ASSERT(node)) return {};`
 #define OZY_ASSERT(...)                                                                                                \
     (::Ozy::Detail::assertionValue(__VA_ARGS__)                                                                        \
-     || ::Ozy::Detail::assertionFailed(#__VA_ARGS__, "", std::source_location::current()))
+     || ::Ozy::Detail::assertionFailed(#__VA_ARGS__, "", __FILE__, __LINE__))
 
 /// The same with a text beside the condition, carried in the record's `detail`.
 #define OZY_ASSERT_DETAIL(text, ...)                                                                                   \
     (::Ozy::Detail::assertionValue(__VA_ARGS__)                                                                        \
-     || ::Ozy::Detail::assertionFailed(#__VA_ARGS__, text, std::source_location::current()))
+     || ::Ozy::Detail::assertionFailed(#__VA_ARGS__, text, __FILE__, __LINE__))
 
 /// For a condition that has to be tested in another way than it reads, so as to be safe for any input.
 #define OZY_ASSERT_AS(condition, ...)                                                                                  \
     (::Ozy::Detail::assertionValue(__VA_ARGS__)                                                                        \
-     || ::Ozy::Detail::assertionFailed(condition, "", std::source_location::current()))
+     || ::Ozy::Detail::assertionFailed(condition, "", __FILE__, __LINE__))

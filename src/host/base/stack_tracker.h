@@ -4,7 +4,6 @@
 
 #include <QtGlobal>
 
-#include <source_location>
 #include <string>
 
 namespace Ozy {
@@ -26,9 +25,9 @@ public:
     class Scope
     {
     public:
-        explicit Scope(const char* name, std::source_location where = std::source_location::current())
+        explicit Scope(const char* name, const char* file = __builtin_FILE(), int line = __builtin_LINE())
         {
-            push(name, where.file_name(), static_cast<int>(where.line()));
+            push(name, file, line);
         }
         ~Scope() { pop(); }
         Q_DISABLE_COPY_MOVE(Scope)

@@ -38,12 +38,12 @@ QString rangeText(const char* what, const QModelIndex& parent, int row, int coun
 
 } // namespace
 
-RandomWalk::RandomWalk(ScriptedTree& tree, unsigned seed, const Weights& weights, int mostRows)
-    : m_tree(tree), m_random(seed), m_weights(weights), m_seed(seed), m_mostRows(mostRows)
+RandomWalk::RandomWalk(ScriptedTree& tree, unsigned seed, const Settings& settings, int mostRows)
+    : m_tree(tree), m_random(seed), m_settings(settings), m_seed(seed), m_mostRows(mostRows)
 {
 }
 
-RandomWalk::RandomWalk(ScriptedTree& tree, unsigned seed) : RandomWalk(tree, seed, Weights()) {}
+RandomWalk::RandomWalk(ScriptedTree& tree, unsigned seed) : RandomWalk(tree, seed, Settings()) {}
 
 void RandomWalk::step()
 {
@@ -53,12 +53,12 @@ void RandomWalk::step()
         return insert();
 
     const std::pair<int, void (RandomWalk::*)()> choices[] = {
-        {size < m_mostRows ? m_weights.insert : 0, &RandomWalk::insert},
-        {m_weights.remove, &RandomWalk::remove},
-        {m_weights.move, &RandomWalk::move},
-        {m_weights.change, &RandomWalk::change},
-        {m_weights.rearrange, &RandomWalk::rearrange},
-        {m_weights.reset, &RandomWalk::reset},
+        {size < m_mostRows ? m_settings.insert : 0, &RandomWalk::insert},
+        {m_settings.remove, &RandomWalk::remove},
+        {m_settings.move, &RandomWalk::move},
+        {m_settings.change, &RandomWalk::change},
+        {m_settings.rearrange, &RandomWalk::rearrange},
+        {m_settings.reset, &RandomWalk::reset},
     };
     int sum = 0;
     for (const auto& choice : choices)
@@ -161,9 +161,12 @@ void RandomWalk::change()
             values.append(role == ScriptedTree::KindRole ? kinds[below(kinds.size())]
                                                          : words[below(words.size())]);
     }
-    m_last = QStringLiteral("change %1 .. %2 role %3").arg(pathOf(topLeft), pathOf(bottomRight)).arg(role);
-    m_tree.change(topLeft, bottomRight, role, values,
-                  oneIn(3) ? ScriptedTree::TellNoRoles : ScriptedTree::TellRole);
+    const bool tells = !oneIn(3) && (m_settings.tellsOtherRoles || role == Qt::DisplayRole);
+    m_last = QStringLiteral("change %1 .. %2 role %3 %4")
+                 .arg(pathOf(topLeft), pathOf(bottomRight))
+                 .arg(role)
+                 .arg(tells ? "told" : "not told");
+    m_tree.change(topLeft, bottomRight, role, values, tells ? ScriptedTree::TellRole : ScriptedTree::TellNoRoles);
 }
 
 void RandomWalk::rearrange()
@@ -173,8 +176,9 @@ void RandomWalk::rearrange()
     std::iota(order.begin(), order.end(), 0);
     for (int i = int(order.size()) - 1; i > 0; --i)
         std::swap(order[size_t(i)], order[size_t(below(i + 1))]);
-    m_last = QStringLiteral("rearrange %1").arg(pathOf(parent));
-    m_tree.rearrange(parent, order, oneIn(2) ? ScriptedTree::TellParent : ScriptedTree::TellNoParents);
+    const bool tells = oneIn(2) && m_settings.tellsParents;
+    m_last = QStringLiteral("rearrange %1 %2").arg(pathOf(parent), tells ? "told" : "not told");
+    m_tree.rearrange(parent, order, tells ? ScriptedTree::TellParent : ScriptedTree::TellNoParents);
 }
 
 void RandomWalk::reset()

@@ -17,19 +17,23 @@
 class RandomWalk
 {
 public:
-    /// How often each change is made, against each other.
-    struct Weights
+    struct Settings
     {
+        // How often each change is made, against each other.
         int insert = 6;
         int remove = 5;
         int move = 5;
         int change = 8;
         int rearrange = 2;
         int reset = 0;
+        // Whether changes of other roles than the text are told with their role at times, and layout changes
+        // with their parent; otherwise they are told in general.
+        bool tellsOtherRoles = true;
+        bool tellsParents = true;
     };
 
     /// At `mostRows` rows nothing is inserted, without rows only that is done.
-    RandomWalk(ScriptedTree& tree, unsigned seed, const Weights& weights, int mostRows = 40);
+    RandomWalk(ScriptedTree& tree, unsigned seed, const Settings& settings, int mostRows = 40);
     RandomWalk(ScriptedTree& tree, unsigned seed);
 
     /// Makes one change.
@@ -62,7 +66,7 @@ private:
 
     ScriptedTree& m_tree;
     std::mt19937 m_random;
-    Weights m_weights;
+    Settings m_settings;
     unsigned m_seed;
     int m_mostRows;
     int m_steps = 0;

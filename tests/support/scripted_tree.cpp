@@ -5,11 +5,13 @@
 #include <algorithm>
 #include <iterator>
 #include <stdexcept>
+#include <utility>
 
 struct ScriptedTree::Node
 {
     Node* parent = nullptr;
     int id = 0;
+    bool isRemoved = false;
     std::vector<QHash<int, QVariant>> cells;
     std::vector<std::unique_ptr<Node>> children;
 
@@ -38,6 +40,11 @@ void require(bool legal, const char* what)
         throw std::invalid_argument(what);
 }
 
+bool canBeSet(int role)
+{
+    return role != ScriptedTree::IdRole && role != ScriptedTree::KeyRole;
+}
+
 } // namespace
 
 ScriptedTree::ScriptedTree(int columns, QObject* parent)
@@ -62,12 +69,12 @@ QModelIndex ScriptedTree::index(int row, int column, const QModelIndex& parent) 
 
 QModelIndex ScriptedTree::parent(const QModelIndex& child) const
 {
-    return child.isValid() ? indexOf(*nodeAt(child).parent) : QModelIndex();
+    return child.isValid() && !isStale(child) ? indexOf(*nodeAt(child).parent) : QModelIndex();
 }
 
 int ScriptedTree::rowCount(const QModelIndex& parent) const
 {
-    return parent.column() > 0 ? 0 : int(nodeAt(parent).children.size());
+    return parent.column() > 0 || isStale(parent) ? 0 : int(nodeAt(parent).children.size());
 }
 
 int ScriptedTree::columnCount(const QModelIndex& parent) const
@@ -77,17 +84,19 @@ int ScriptedTree::columnCount(const QModelIndex& parent) const
 
 QVariant ScriptedTree::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid())
+    if (!index.isValid() || isStale(index))
         return {};
     const Node& node = nodeAt(index);
     if (role == IdRole)
         return node.id;
+    if (role == KeyRole)
+        return QStringLiteral("%1 %2").arg(data(index, Qt::DisplayRole).toString()).arg(node.id);
     return node.cells[size_t(index.column())].value(role == Qt::EditRole ? int(Qt::DisplayRole) : role);
 }
 
 bool ScriptedTree::setData(const QModelIndex& index, const QVariant& value, int role)
 {
-    if (!index.isValid() || role == IdRole)
+    if (!index.isValid() || !canBeSet(role))
         return false;
     change(index, value, role == Qt::EditRole ? int(Qt::DisplayRole) : role);
     return true;
@@ -99,6 +108,7 @@ QHash<int, QByteArray> ScriptedTree::roleNames() const
     names.insert(KindRole, "kind");
     names.insert(SizeRole, "size");
     names.insert(IdRole, "id");
+    names.insert(KeyRole, "key");
     return names;
 }
 
@@ -179,6 +189,7 @@ void ScriptedTree::remove(const QModelIndex& parent, int row, int count)
 
     beginRemoveRows(parent, row, row + count - 1);
     const auto first = node.children.begin() + row;
+    bury({std::make_move_iterator(first), std::make_move_iterator(first + count)});
     node.children.erase(first, first + count);
     endRemoveRows();
 }
@@ -212,7 +223,7 @@ void ScriptedTree::change(const QModelIndex& topLeft, const QModelIndex& bottomR
             "a range has two valid ends of one parent");
     require(topLeft.row() <= bottomRight.row() && topLeft.column() <= bottomRight.column(),
             "range upside down");
-    require(role != IdRole && !values.isEmpty(), "a change needs a value and a role that is not the id");
+    require(canBeSet(role) && !values.isEmpty(), "a change needs a value and a role that can be set");
 
     int next = 0;
     for (int row = topLeft.row(); row <= bottomRight.row(); ++row) {
@@ -258,13 +269,30 @@ void ScriptedTree::reset(const QStringList& lines)
     std::vector<std::unique_ptr<Node>> nodes = makeNodes(lines, *m_root);
 
     beginResetModel();
-    m_root->children = std::move(nodes);
+    m_removed.clear();
+    bury(std::exchange(m_root->children, std::move(nodes)));
     endResetModel();
 }
 
 ScriptedTree::Node& ScriptedTree::nodeAt(const QModelIndex& index) const
 {
     return index.isValid() ? *static_cast<Node*>(index.internalPointer()) : *m_root;
+}
+
+bool ScriptedTree::isStale(const QModelIndex& index) const
+{
+    const bool stale = nodeAt(index).isRemoved;
+    m_staleQuestions += stale;
+    return stale;
+}
+
+void ScriptedTree::bury(std::vector<std::unique_ptr<Node>>&& removed)
+{
+    for (std::unique_ptr<Node>& node : removed) {
+        node->isRemoved = true;
+        node->visit([](Node& below) { below.isRemoved = true; });
+        m_removed.push_back(std::move(node));
+    }
 }
 
 QModelIndex ScriptedTree::indexOf(const Node& node, int column) const
@@ -292,7 +320,7 @@ std::unique_ptr<ScriptedTree::Node> ScriptedTree::makeNode(const QString& line, 
     QHash<int, QVariant> values;
     for (const QString& part : parts.mid(1)) {
         const int role = roleNames().key(part.section('=', 0, 0).toLatin1(), -1);
-        require(role >= 0 && role != IdRole, "a line names a role that cannot be set");
+        require(role >= 0 && canBeSet(role), "a line names a role that cannot be set");
         const QString value = part.section('=', 1);
         values.insert(role, role == SizeRole ? QVariant(value.toInt()) : QVariant(value));
     }

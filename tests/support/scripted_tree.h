@@ -14,7 +14,9 @@
 /// Roles: "display", "kind", "size" (a number) and "id" (a number, the same in all columns, read-only); any
 /// other role can be set too. Rows have children in column 0 only.
 ///
-/// A change that is not legal throws `std::invalid_argument` before anything is announced.
+/// A change that is not legal throws `std::invalid_argument` before anything is announced. A removed row is
+/// kept in memory up to the reset after next, so that who still asks about it gets no answer and is counted,
+/// in place of a crash.
 class ScriptedTree : public QAbstractItemModel
 {
     Q_OBJECT
@@ -24,7 +26,8 @@ public:
     {
         KindRole = Qt::UserRole + 1,
         SizeRole,
-        IdRole
+        IdRole,
+        KeyRole,
     };
     enum RolesTold
     {
@@ -61,6 +64,10 @@ public:
     /// How many rows there are on all levels together.
     int size() const;
 
+    /// How often somebody has asked about a removed row by an index from before: a fault of who kept the
+    /// index.
+    int staleQuestions() const { return m_staleQuestions; }
+
     /// Inserts the first level of the lines, with all that is below, in front of `row`. No lines, no
     /// notification.
     void insert(const QModelIndex& parent, int row, const QStringList& lines);
@@ -83,6 +90,8 @@ private:
     struct Node;
 
     Node& nodeAt(const QModelIndex& index) const;
+    bool isStale(const QModelIndex& index) const;
+    void bury(std::vector<std::unique_ptr<Node>>&& removed);
     QModelIndex indexOf(const Node& node, int column = 0) const;
     std::vector<std::unique_ptr<Node>> makeNodes(const QStringList& lines, Node& parent);
     std::unique_ptr<Node> makeNode(const QString& line, Node& parent);
@@ -91,4 +100,6 @@ private:
     int m_columns;
     int m_lastId = 0;
     std::unique_ptr<Node> m_root;
+    std::vector<std::unique_ptr<Node>> m_removed;
+    mutable int m_staleQuestions = 0;
 };

@@ -45,6 +45,7 @@ private Q_SLOTS:
         QCOMPARE(names.value(ScriptedTree::KindRole), QByteArray("kind"));
         QCOMPARE(names.value(ScriptedTree::SizeRole), QByteArray("size"));
         QCOMPARE(names.value(ScriptedTree::IdRole), QByteArray("id"));
+        QCOMPARE(names.value(ScriptedTree::KeyRole), QByteArray("key"));
     }
 
     void furtherColumnsShowTheTextWithTheirNumber()
@@ -193,10 +194,19 @@ private Q_SLOTS:
         QCOMPARE(treeLines(tree), QStringList{"b"});
     }
 
-    void theIdCannotBeSet()
+    void theKeyTellsRowsOfTheSameTextApart()
+    {
+        const ScriptedTree tree({"a", "a"});
+
+        QCOMPARE(tree.index(0, 0).data(ScriptedTree::KeyRole), QVariant("a 1"));
+        QCOMPARE(tree.index(1, 0).data(ScriptedTree::KeyRole), QVariant("a 2"));
+    }
+
+    void theIdAndTheKeyCannotBeSet()
     {
         ScriptedTree tree({"a"});
 
+        QVERIFY(!tree.setData(tree.index(0, 0), 7, ScriptedTree::KeyRole));
         QVERIFY(!tree.setData(tree.index(0, 0), 7, ScriptedTree::IdRole));
     }
 
@@ -234,6 +244,32 @@ private Q_SLOTS:
 
         QCOMPARE(log.take(), (QStringList{"resetting", "reset"}));
         QCOMPARE(treeLines(tree), (QStringList{"b", "  c"}));
+    }
+
+    void anIndexOfARemovedRowGetsNoAnswerAndIsCounted()
+    {
+        ScriptedTree tree({"a", "  x"}, 1);
+        const QModelIndex a = tree.find("a");
+        const QModelIndex x = tree.find("x");
+        tree.remove({}, 0);
+        QCOMPARE(tree.staleQuestions(), 0);
+
+        QCOMPARE(tree.data(x), QVariant());
+        QCOMPARE(tree.rowCount(a), 0);
+        QCOMPARE(tree.parent(x), QModelIndex());
+
+        QCOMPARE(tree.staleQuestions(), 3);
+    }
+
+    void anIndexFromBeforeAResetIsCounted()
+    {
+        ScriptedTree tree({"a"});
+        const QModelIndex a = tree.find("a");
+
+        tree.reset({"b"});
+
+        QCOMPARE(tree.data(a), QVariant());
+        QCOMPARE(tree.staleQuestions(), 1);
     }
 
     void whatIsNotLegalIsRefusedBeforeItIsAnnounced()

@@ -30,6 +30,8 @@ int CommonProperties::indexOf(std::string_view name) const
 
 int indexOfKey(const CommonProperties& properties, const qelm::Variant& key)
 {
+    if (const std::string* exact = key.as<std::string>())
+        return properties.indexOf(*exact);
     const auto name = qelm::VariantConverter::convertTo<std::string>(key);
     return name ? properties.indexOf(*name) : -1;
 }

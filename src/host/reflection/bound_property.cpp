@@ -50,11 +50,6 @@ ryk::Flags<meta_property::VisibilityFlag> BoundProperty::visibility() const
     return isValid() ? m_metaProperty->visibility(*this) : meta_property::hidden;
 }
 
-qelm::Variant BoundProperty::get() const
-{
-    return isValid() ? m_metaProperty->get(*this) : qelm::Variant();
-}
-
 bool BoundProperty::set(const qelm::Variant& value, ryk::Flags<SetterFlag> flags) const
 {
     if (!isValue() || isReadOnly())
@@ -66,8 +61,9 @@ bool BoundProperty::set(const qelm::Variant& value, ryk::Flags<SetterFlag> flags
     const bool records = isRecording() && !isStateless();
     const qelm::Variant before = records ? get() : qelm::Variant();
     const NotifyScope scope = NotifyScope::beginPropertyChange(*this, flags, NotifyFlag::Value);
-    // Who heard of the change to come may have removed or moved the property, or destroyed the object.
-    const BoundProperty current = scope.current();
+    // Who heard of the change to come may have removed or moved the property, or destroyed the object, or this handle.
+    const BoundProperty moved = scope.isMoved() ? scope.current() : BoundProperty();
+    const BoundProperty& current = scope.isMoved() ? moved : scope.property();
     if (!current.isValid() || !current.m_metaProperty->set(current, converted, flags))
         return false;
     // Ahead of the notification: what listeners do in answer is undone before this.

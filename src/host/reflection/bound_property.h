@@ -43,7 +43,7 @@ public:
     ryk::Flags<meta_property::VisibilityFlag> visibility() const;
 
     /// The value; void for a method.
-    qelm::Variant get() const;
+    qelm::Variant get() const { return isValid() ? m_metaProperty->get(*this) : qelm::Variant(); }
 
     /// Converts the value to the property's type and sets it. False, without a notification, if there is no conversion
     /// or no setter; false, between notifications, if the setter refuses.

@@ -34,9 +34,14 @@ NotifyScope::~NotifyScope()
         m_data->changed(m_property, m_setterFlags, m_notifyFlags);
 }
 
+bool NotifyScope::isMoved() const
+{
+    return m_data && !(m_data->m_isBound && m_data->m_key == m_property.metaProperty().get());
+}
+
 BoundProperty NotifyScope::current() const
 {
-    if (!m_data || !m_property.isValid())
+    if (!isMoved())
         return m_property;
     return m_data->isBound() ? BoundProperty(m_property.object(), m_data->metaProperty()) : BoundProperty();
 }

@@ -27,6 +27,9 @@ public:
     NotifyScope& operator=(NotifyScope&&) = delete;
     ~NotifyScope();
 
+    const BoundProperty& property() const { return m_property; }
+    /// Whether listeners brought it about that the property has another description, or none.
+    bool isMoved() const;
     /// The property as it stands now: under another description if listeners were told of a move meanwhile, invalid if it
     /// was removed.
     BoundProperty current() const;

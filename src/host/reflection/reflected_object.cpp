@@ -51,11 +51,6 @@ void ReflectedObject::initFromValue(const qelm::Variant& value)
     m_data = m_address ? m_metaObject->objectData(*this) : nullptr;
 }
 
-bool ReflectedObject::isValid() const
-{
-    return m_address && (!m_data || m_data->isAlive());
-}
-
 std::size_t ReflectedObject::hash() const
 {
     return isValid() ? std::hash<const void*>()(m_address) : 0;

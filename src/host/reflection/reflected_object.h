@@ -4,6 +4,7 @@
 #include <host/base/strings.h>
 #include <host/reflection/annotations.h>
 #include <host/reflection/fuzzy_slots.h>
+#include <host/reflection/object_data.h>
 #include <host/signals/connection.h>
 
 #include <QMetaType>
@@ -16,7 +17,6 @@ namespace zarn {
 
 class BoundProperty;
 class MetaObject;
-class ObjectData;
 
 /// The type of a value that is reflected without being a `zarn::Object`: the type of the value, that of its class, and
 /// that of the pointer behind it. The flag tells that the value may be shared.
@@ -54,7 +54,7 @@ public:
     void init(qelm::Variant value, const std::shared_ptr<ObjectData>& data, const BoundProperty* reference);
     void init(qelm::Variant value, const TypeInfo& type, const BoundProperty* reference);
 
-    bool isValid() const;
+    bool isValid() const { return m_address && (!m_data || m_data->isAlive()); }
     std::size_t hash() const;
     bool operator==(const ReflectedObject& other) const;
 

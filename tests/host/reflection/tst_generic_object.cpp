@@ -213,7 +213,6 @@ private Q_SLOTS:
     void aListenerMayRemoveThePropertyThatItIsToldOf()
     {
         const Filled filled;
-        QStringList heard;
         const BoundProperty two = filled.handle.findPropertyByName("two");
         const ryk::ScopedConnection about(
             two.connectPropertyAboutToBeChanged([&] { filled.handle.removeProperty("two"); }));

@@ -13,12 +13,24 @@ using namespace zarn;
 
 namespace sample {
 
-/// Shows the labels of several joined, once each, and counts its parts.
+/// Shows the labels of several joined, and takes as many parts as it has room for, unless it is sealed.
 class Crate : public zarn::Object
 {
 public:
+    bool setParts(int count)
+    {
+        if (isSealed)
+            throw std::runtime_error("sealed");
+        if (count > room)
+            return false;
+        parts = count;
+        return true;
+    }
+
     std::string label = "crate";
     int parts = 1;
+    int room = 100;
+    bool isSealed = false;
 };
 
 } // namespace sample
@@ -30,6 +42,7 @@ struct zarn::Reflection<sample::Crate>
     static void declare(StaticMetaObject<sample::Crate>::Builder& crate)
     {
         crate.readOnly("label", &sample::Crate::label, StringJoinReduce::meta(", ", false));
+        crate.value("parts", &sample::Crate::parts, &sample::Crate::setParts);
         crate.readOnly("all", &sample::Crate::label, StringJoinReduce::meta("+", true));
     }
 };
@@ -239,7 +252,44 @@ private Q_SLOTS:
         QCOMPARE(document.count(), 0);
     }
 
-    void aWriteThatOneRefusesLeavesAllAsTheyWere()
+    void aWriteThatOneRefusesIsTakenBackFromTheOthers_data()
+    {
+        QTest::addColumn<int>("room");
+        QTest::addColumn<bool>("isSealed");
+
+        QTest::newRow("refused") << 5 << false;
+        QTest::newRow("thrown") << 100 << true;
+    }
+
+    void aWriteThatOneRefusesIsTakenBackFromTheOthers()
+    {
+        QFETCH(int, room);
+        QFETCH(bool, isSealed);
+        Crate first;
+        Crate second;
+        second.room = room;
+        second.isSealed = isSealed;
+        MultiSelection selection;
+        selection.merge(reflect(first), {});
+        selection.merge(reflect(second), {});
+        QStringList heard;
+        const ryk::ScopedConnection listening(reflect(first).findPropertyByName("parts").connectPropertyChanged(
+            [&heard](const BoundProperty& told) { heard << QString::number(told.get().value<int>()); }));
+
+        bool isDone = false;
+        try {
+            isDone = reflect(selection).findPropertyByName("parts").set(50, {});
+        } catch (const std::runtime_error& error) {
+            QCOMPARE(error.what(), "sealed");
+        }
+
+        QVERIFY(!isDone);
+        QCOMPARE(first.parts, 1);
+        QCOMPARE(second.parts, 1);
+        QCOMPARE(heard, (QStringList{"50", "1"}));
+    }
+
+    void aWriteThatCannotBeConvertedForOneReachesNone()
     {
         GenericObject narrow;
         GenericObject wide;
@@ -255,7 +305,7 @@ private Q_SLOTS:
         QCOMPARE(reflect(narrow).findPropertyByName("size").get().value<qint8>(), qint8(2));
     }
 
-    void aSetterThatThrowsLeavesAllAsTheyWere()
+    void aSetterThatThrowsLeavesTheNotificationsPaired()
     {
         TwoBoats boats;
         PropertyStory story(boats.property("speed"));

@@ -1,6 +1,8 @@
 #include "panel_table.h"
 
+#include "history/history_panel.h"
 #include "project/project_panel.h"
+#include "services/services_panel.h"
 
 namespace editor {
 namespace {
@@ -17,6 +19,8 @@ const std::vector<PanelEntry>& panelTable()
 {
     static const std::vector<PanelEntry> table{
         {"project", "Project", "folder-tree", "qrc:/panels/project/ProjectPanel.qml", &make<ProjectPanel>},
+        {"services", "Services", "services", "qrc:/panels/services/ServicesPanel.qml", &make<ServicesPanel>},
+        {"history", "History", "history", "qrc:/panels/history/HistoryPanel.qml", &make<HistoryPanel>},
     };
     return table;
 }

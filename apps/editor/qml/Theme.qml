@@ -16,6 +16,8 @@ QtObject {
     readonly property color faint: "#6b737e"
     readonly property color accent: "#5c9fe0"
     readonly property color accentText: "#ffffff"
+    readonly property color good: "#7fc8a9"
+    readonly property color pending: "#e0a868"
 
     readonly property color hover: "#282c32"
     readonly property color selection: "#2a4768"

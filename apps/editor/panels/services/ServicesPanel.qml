@@ -1,0 +1,37 @@
+import QtQuick 2.15
+import QtQuick.Templates 2.15 as T
+import Editor 1.0
+import "../history"
+
+FocusScope {
+    id: services
+
+    property var panel
+
+    focus: true
+
+    HistoryShortcuts {
+        enabled: visible
+        document: panel.document
+    }
+    Panes {
+        anchors.fill: parent
+
+        ScenePane {
+            T.SplitView.preferredWidth: 300
+            T.SplitView.minimumWidth: 200
+            focus: true
+            document: panel.document
+        }
+        ObjectForm {
+            T.SplitView.fillWidth: true
+            T.SplitView.minimumWidth: 340
+            document: panel.document
+        }
+        HistoryPane {
+            T.SplitView.preferredWidth: 340
+            T.SplitView.minimumWidth: 220
+            document: panel.document
+        }
+    }
+}

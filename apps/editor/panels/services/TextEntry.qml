@@ -1,0 +1,10 @@
+import QtQuick 2.15
+
+EntryField {
+    property var subject
+    property string name
+
+    objectName: "entry-" + name
+    value: subject[name]
+    onEntered: document.write(subject, name, text)
+}

@@ -1,70 +1,22 @@
-#include "sample_project.h"
+#include "desk.h"
 
 #include <controls/match_text.h>
-#include <editor_tabs.h>
-#include <editor_window.h>
-#include <host/registry/static_registrar.h>
-#include <support/log_capture.h>
 
-#include <QApplication>
-#include <QQuickItem>
-#include <QQuickWindow>
 #include <QtTest>
 
 namespace {
 
-/// The editor in a real window, with the means of a user: keys, clicks and eyes.
-class Desk
+/// A desk with what there is to see of the project's tree.
+class ProjectDesk : public Desk
 {
 public:
-    Desk()
-    {
-        m_window = m_editor.window();
-        m_window->requestActivate();
-        if (!QTest::qWaitForWindowExposed(m_window))
-            qFatal("The window does not come up");
-    }
-
-    QQuickItem* item(const QString& name) const
-    {
-        auto* found = m_window->findChild<QQuickItem*>(name);
-        return found ? found : inItems(m_window->contentItem(), name);
-    }
-
-    void click(const QString& name) { click(*item(name)); }
-    void clickRow(int row) { click(*rowItems().value(row)); }
-    void click(const QQuickItem& target)
-    {
-        const QPointF middle = target.mapToScene({target.width() / 2, target.height() / 2});
-        QTest::mouseClick(m_window, Qt::LeftButton, {}, middle.toPoint());
-        settle();
-    }
-
-    void doubleClickRow(int row)
-    {
-        const QPointF place = rowItems().value(row)->mapToScene({200, 10});
-        QTest::mouseDClick(m_window, Qt::LeftButton, {}, place.toPoint());
-        settle();
-    }
-
-    void type(const QString& text)
-    {
-        for (const QChar& character : text)
-            QTest::keyClick(m_window, character.toLatin1());
-        settle();
-    }
-
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(m_window, key, modifiers);
-        settle();
-    }
+    void clickRow(int row) { click(*rows().value(row)); }
 
     /// The names of the rows as they stand on the screen, from the top.
     QStringList shown() const
     {
         QStringList names;
-        for (const QQuickItem* row : rowItems())
+        for (const QQuickItem* row : rows())
             names << nameOf(*row);
         return names;
     }
@@ -72,40 +24,16 @@ public:
     /// The name of the row that is drawn as the current one.
     QString current() const
     {
-        for (const QQuickItem* row : rowItems()) {
+        for (const QQuickItem* row : rows()) {
             if (row->property("isCurrent").toBool())
                 return nameOf(*row);
         }
         return {};
     }
 
-    /// How many pixels of a row on the screen have a colour.
-    int pixels(int row, const QColor& colour) const
-    {
-        const QQuickItem* rowItem = rowItems().value(row);
-        const QImage image = m_window->grabWindow().copy(rowItem->mapRectToScene(rowItem->boundingRect()).toRect());
-        int count = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                count += image.pixelColor(x, y) == colour ? 1 : 0;
-        }
-        return count;
-    }
-
-    QString status() const { return item("status")->property("text").toString(); }
+    QList<QQuickItem*> rows() const { return rowItems("tree"); }
 
 private:
-    static QQuickItem* inItems(QQuickItem* parent, const QString& name)
-    {
-        for (QQuickItem* child : parent->childItems()) {
-            if (child->objectName() == name)
-                return child;
-            if (QQuickItem* found = inItems(child, name))
-                return found;
-        }
-        return nullptr;
-    }
-
     static QString nameOf(const QQuickItem& row) { return matchTextIn(&row)->text(); }
 
     static const editor::MatchText* matchTextIn(const QQuickItem* parent)
@@ -118,35 +46,6 @@ private:
         }
         return nullptr;
     }
-
-    // Asked of the view, since it keeps delegates that show no more for later.
-    QList<QQuickItem*> rowItems() const
-    {
-        QQuickItem* list = item("tree");
-        QList<QQuickItem*> rows;
-        for (int i = 0; i < list->property("count").toInt(); ++i) {
-            QQuickItem* row = nullptr;
-            QMetaObject::invokeMethod(list, "itemAtIndex", Q_RETURN_ARG(QQuickItem*, row), Q_ARG(int, i));
-            if (row)
-                rows << row;
-        }
-        return rows;
-    }
-
-    // Delegates come and go when the view is polished, before the next frame.
-    void settle()
-    {
-        m_window->update();
-        QSignalSpy frames(m_window, &QQuickWindow::frameSwapped);
-        frames.wait(5000);
-        QCoreApplication::processEvents();
-    }
-
-    LogCapture m_log{LogCapture::FailOnRest};
-    SampleProject m_project;
-    editor::Tabs m_tabs{{m_project.path()}, QString()};
-    editor::EditorWindow m_editor{m_tabs};
-    QQuickWindow* m_window = nullptr;
 };
 
 } // namespace
@@ -158,7 +57,7 @@ class tst_EditorWindow : public QObject
 private Q_SLOTS:
     void itOpensWithTheProjectsTopRows()
     {
-        const Desk desk;
+        const ProjectDesk desk;
 
         QCOMPARE(desk.shown(), (QStringList{"boats", "scripts", "textures", "notes.txt"}));
         QCOMPARE(desk.status(), QString("10 rows"));
@@ -166,7 +65,7 @@ private Q_SLOTS:
 
     void typingANameFiltersTheRows()
     {
-        Desk desk;
+        ProjectDesk desk;
 
         desk.click("text");
         desk.type("quay");
@@ -177,7 +76,7 @@ private Q_SLOTS:
 
     void theFindKeyLeadsToTheTextField()
     {
-        Desk desk;
+        ProjectDesk desk;
 
         desk.press(Qt::Key_F, Qt::ControlModifier);
         desk.type("weir");
@@ -187,7 +86,7 @@ private Q_SLOTS:
 
     void escapeEmptiesTheField()
     {
-        Desk desk;
+        ProjectDesk desk;
         desk.click("text");
         desk.type("weir");
 
@@ -198,7 +97,7 @@ private Q_SLOTS:
 
     void theSwitchChoosesBetweenAllWordsAndAny()
     {
-        Desk desk;
+        ProjectDesk desk;
         desk.click("field");
         desk.type("quay map");
         const QStringList all = desk.shown();
@@ -214,7 +113,7 @@ private Q_SLOTS:
 
     void theSwitchesForAncestorsAndInversionChangeTheRows()
     {
-        Desk desk;
+        ProjectDesk desk;
         desk.click("text");
         desk.type("boats");
 
@@ -223,13 +122,13 @@ private Q_SLOTS:
         desk.click("invert");
 
         QCOMPARE(below, (QStringList{"boats", "barge.mesh", "Sail.mesh"}));
-        QCOMPARE(desk.shown(), (QStringList{"scripts", "arena_defs", "quay.xml", "weir.lua", "textures", "quay.png",
-                                            "notes.txt"}));
+        QCOMPARE(desk.shown(), (QStringList{"scripts", "arena_defs", "quay.xml", "weir.lua", "textures",
+                                            "quay.png", "notes.txt"}));
     }
 
     void aClickOnAKindShowsOnlyThat()
     {
-        Desk desk;
+        ProjectDesk desk;
 
         desk.click("kind-Models");
         const QStringList models = desk.shown();
@@ -241,22 +140,22 @@ private Q_SLOTS:
 
     void aClickOnAHeaderSortsAndTheNextTurnsTheOrder()
     {
-        Desk desk;
+        ProjectDesk desk;
         desk.click("expandAll");
 
         desk.click("header-size");
         const QStringList ascending = desk.shown();
         desk.click("header-size");
 
-        QCOMPARE(ascending, (QStringList{"textures", "quay.png", "boats", "Sail.mesh", "barge.mesh", "scripts",
-                                         "arena_defs", "quay.xml", "weir.lua", "notes.txt"}));
-        QCOMPARE(desk.shown(), (QStringList{"scripts", "arena_defs", "quay.xml", "weir.lua", "boats", "barge.mesh",
-                                            "Sail.mesh", "textures", "quay.png", "notes.txt"}));
+        QCOMPARE(ascending, (QStringList{"textures", "quay.png", "boats", "Sail.mesh", "barge.mesh",
+                                         "scripts", "arena_defs", "quay.xml", "weir.lua", "notes.txt"}));
+        QCOMPARE(desk.shown(), (QStringList{"scripts", "arena_defs", "quay.xml", "weir.lua", "boats",
+                                            "barge.mesh", "Sail.mesh", "textures", "quay.png", "notes.txt"}));
     }
 
     void theKeysWalkThroughTheTree()
     {
-        Desk desk;
+        ProjectDesk desk;
         desk.clickRow(1);
 
         desk.press(Qt::Key_Right); // opens scripts
@@ -269,7 +168,8 @@ private Q_SLOTS:
         const QString end = desk.current();
         desk.press(Qt::Key_Home);
 
-        QCOMPARE(desk.shown(), (QStringList{"boats", "scripts", "arena_defs", "weir.lua", "textures", "notes.txt"}));
+        QCOMPARE(desk.shown(),
+                 (QStringList{"boats", "scripts", "arena_defs", "weir.lua", "textures", "notes.txt"}));
         QCOMPARE(down, QString("weir.lua"));
         QCOMPARE(left, QString("scripts"));
         QCOMPARE(end, QString("notes.txt"));
@@ -278,7 +178,7 @@ private Q_SLOTS:
 
     void downLeadsFromTheFieldToTheRows()
     {
-        Desk desk;
+        ProjectDesk desk;
         desk.click("text");
         desk.type("weir");
 
@@ -290,16 +190,17 @@ private Q_SLOTS:
 
     void aDoubleClickOpensABranch()
     {
-        Desk desk;
+        ProjectDesk desk;
 
-        desk.doubleClickRow(0);
+        desk.doubleClick(*desk.rows().value(0), {200, 10});
 
-        QCOMPARE(desk.shown(), (QStringList{"boats", "barge.mesh", "Sail.mesh", "scripts", "textures", "notes.txt"}));
+        QCOMPARE(desk.shown(),
+                 (QStringList{"boats", "barge.mesh", "Sail.mesh", "scripts", "textures", "notes.txt"}));
     }
 
     void theButtonsOpenAndCloseEveryBranch()
     {
-        Desk desk;
+        ProjectDesk desk;
 
         desk.click("expandAll");
         const QStringList expanded = desk.shown();
@@ -311,41 +212,38 @@ private Q_SLOTS:
 
     void withoutResultsThereIsAReasonAndAWayOut()
     {
-        Desk desk;
+        ProjectDesk desk;
         desk.click("text");
         desk.type("lighthouse");
-        const bool tellsWhy = desk.item("empty")->isVisible();
+        const bool tellsWhy = desk.item("empty").isVisible();
         const QStringList during = desk.shown();
 
         desk.click("emptyAction");
 
         QVERIFY(tellsWhy);
         QCOMPARE(during, QStringList());
-        QVERIFY(!desk.item("empty")->isVisible());
+        QVERIFY(!desk.item("empty").isVisible());
         QCOMPARE(desk.shown(), (QStringList{"boats", "scripts", "textures", "notes.txt"}));
     }
 
     void whatMatchesIsMarkedInTheNames()
     {
-        Desk desk;
+        ProjectDesk desk;
         const QColor mark("#5f5020");
-        const int before = desk.pixels(1, mark);
+        const int before = desk.pixels(*desk.rows().value(1), mark);
 
         desk.click("text");
         desk.type("we"); // leaves scripts and, below it, weir.lua
 
         QCOMPARE(before, 0);
-        QCOMPARE(desk.pixels(0, mark), 0);
-        QVERIFY(desk.pixels(1, mark) > 50);
+        QCOMPARE(desk.pixels(*desk.rows().value(0), mark), 0);
+        QVERIFY(desk.pixels(*desk.rows().value(1), mark) > 50);
     }
 };
 
 int main(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    StaticRegistrar::RegistrarInternals::runDeferred();
-    editor::EditorWindow::chooseRenderer(true);
     tst_EditorWindow test;
-    return QTest::qExec(&test, argc, argv);
+    return runAtDesk(test, argc, argv);
 }
 #include "tst_editor_window.moc"

@@ -3,7 +3,7 @@ import QtQuick.Layouts 1.15
 import QtQuick.Templates 2.15 as T
 import Editor 1.0
 
-// The steps of a document, oldest first: a click jumps to one, undone ones are faint.
+// The steps of a document, oldest first: a click jumps to one, undone ones are faint. Above them, what the keys do too.
 FocusScope {
     id: pane
 
@@ -29,24 +29,42 @@ FocusScope {
                 spacing: Theme.spacing
 
                 IconButton {
-                    objectName: "historyUndo"
+                    objectName: "undo"
                     enabled: history.canUndo
                     icon.name: "undo"
-                    text: qsTr("Undo")
-                    tip: qsTr("Undo the last step (Ctrl+Z)")
+                    tip: qsTr("Undo (Ctrl+Z)")
                     onClicked: history.undo()
                 }
                 IconButton {
-                    objectName: "historyRedo"
+                    objectName: "redo"
                     enabled: history.canRedo
                     icon.name: "redo"
-                    text: qsTr("Redo")
-                    tip: qsTr("Redo the next step (Ctrl+Shift+Z)")
+                    tip: qsTr("Redo (Ctrl+Shift+Z)")
                     onClicked: history.redo()
                 }
                 Item { Layout.fillWidth: true }
+                Rectangle {
+                    implicitWidth: 7
+                    implicitHeight: 7
+                    radius: 4
+                    color: history.clean ? "transparent" : Theme.pending
+                    border.color: history.clean ? Theme.outline : color
+                }
+                Label {
+                    objectName: "modified"
+                    text: history.clean ? qsTr("Saved") : qsTr("Modified")
+                    color: history.clean ? Theme.faint : Theme.pending
+                }
                 IconButton {
-                    objectName: "historyClear"
+                    objectName: "save"
+                    enabled: !history.clean
+                    icon.name: "save"
+                    text: qsTr("Save")
+                    tip: qsTr("Takes the present state for the saved one (Ctrl+S)")
+                    onClicked: document.save()
+                }
+                IconButton {
+                    objectName: "clearHistory"
                     enabled: history.count > 0
                     icon.name: "clear"
                     text: qsTr("Clear")
@@ -90,17 +108,19 @@ FocusScope {
             }
 
             delegate: Rectangle {
+                readonly property bool isCurrent: model.isCurrent
+
                 objectName: "step-" + index
                 width: list.width
                 height: Theme.rowHeight
-                color: model.isCurrent ? (list.activeFocus ? Theme.selection : Theme.selectionInactive)
+                color: isCurrent ? (list.activeFocus ? Theme.selection : Theme.selectionInactive)
                        : area.containsMouse ? Theme.hover : "transparent"
 
                 Icon {
                     x: Theme.margin
                     anchors.verticalCenter: parent.verticalCenter
                     size: 12
-                    visible: model.isCurrent
+                    visible: isCurrent
                     name: "arrow-right"
                     color: Theme.accent
                 }
@@ -111,7 +131,7 @@ FocusScope {
                     horizontalAlignment: Text.AlignRight
                     font: Theme.smallFont
                     text: index > 0 ? index : ""
-                    color: model.isUndone ? Theme.outline : Theme.faint
+                    color: Theme.faint
                 }
                 Label {
                     id: name

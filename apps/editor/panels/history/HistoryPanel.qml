@@ -7,7 +7,6 @@ FocusScope {
     focus: true
 
     HistoryShortcuts {
-        enabled: visible
         document: panel.document
     }
     HistoryPane {

@@ -1,10 +1,24 @@
 import QtQuick 2.15
 
-// The keys of a document: undo, redo, save.
+// The keys of a document while it shows: undo, redo, save.
 Item {
+    id: shortcuts
+
     property var document
 
-    Shortcut { sequence: "Ctrl+Z"; enabled: parent.enabled; onActivated: document.history.undo() }
-    Shortcut { sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]; enabled: parent.enabled; onActivated: document.history.redo() }
-    Shortcut { sequence: "Ctrl+S"; enabled: parent.enabled; onActivated: document.save() }
+    Shortcut {
+        sequence: "Ctrl+Z"
+        enabled: shortcuts.visible
+        onActivated: document.history.undo()
+    }
+    Shortcut {
+        sequences: ["Ctrl+Shift+Z", "Ctrl+Y"]
+        enabled: shortcuts.visible
+        onActivated: document.history.redo()
+    }
+    Shortcut {
+        sequence: "Ctrl+S"
+        enabled: shortcuts.visible
+        onActivated: document.save()
+    }
 }

@@ -28,17 +28,25 @@ QVariant LiveHistoryModel::data(const QModelIndex& index, int role) const
         return {};
     const int row = index.row();
     switch (role) {
-    case NameRole: return row == 0 ? QStringLiteral("Opened") : m_names[row - 1];
-    case IsCurrentRole: return row == m_current;
-    case IsUndoneRole: return row > m_current;
-    case IsSavedRole: return row == m_saved;
-    default: return {};
+    case NameRole:
+        return row == 0 ? QStringLiteral("Opened") : m_names[row - 1];
+    case IsCurrentRole:
+        return row == m_current;
+    case IsUndoneRole:
+        return row > m_current;
+    case IsSavedRole:
+        return row == m_saved;
+    default:
+        return {};
     }
 }
 
 QHash<int, QByteArray> LiveHistoryModel::roleNames() const
 {
-    return {{NameRole, "name"}, {IsCurrentRole, "isCurrent"}, {IsUndoneRole, "isUndone"}, {IsSavedRole, "isSaved"}};
+    return {{NameRole, "name"},
+            {IsCurrentRole, "isCurrent"},
+            {IsUndoneRole, "isUndone"},
+            {IsSavedRole, "isSaved"}};
 }
 
 QString LiveHistoryModel::stepName(int step) const
@@ -73,7 +81,8 @@ void LiveHistoryModel::followSteps()
 bool LiveHistoryModel::isKnown(int step) const
 {
     const bool isSaved = m_saved == step + 1;
-    return m_names.size() == m_history.count() && m_names[step] == stepName(step) && (!isSaved || m_history.isClean());
+    return m_names.size() == m_history.count() && m_names[step] == stepName(step) &&
+           (!isSaved || m_history.isClean());
 }
 
 // What the first step led to is now the state that the document was opened in.

@@ -8,15 +8,16 @@ class ChangesController;
 
 namespace editor {
 
-/// The undo history of a document as it happens: a row "Opened" for the state ahead of all steps, then the steps.
+/// The undo history of a document as it happens: a row "Opened" for the state ahead of all steps, then the
+/// steps.
 ///
-/// Roles: "name" (the display role), and of the state that a row leads to: "isCurrent", whether it is in force;
-/// "isUndone", whether it comes after that; "isSaved", whether it is what was saved. To jump to a row is the controller's
-/// `jumpTo` with the row as index.
-/// Signals of a change, in order: removal of the rows that are gone, insertion of those that are new, data changed for the
-/// rows between the old current one and the new, then for rows that were or are the saved one.
-/// A saved state that was left before the model was made is known from the next time that it is in force.
-/// The controller must outlive it. Thread: GUI. Cost: linear in the rows that change.
+/// Roles: "name" (the display role), and of the state that a row leads to: "isCurrent", whether it is in
+/// force; "isUndone", whether it comes after that; "isSaved", whether it is what was saved. To jump to a row
+/// is the controller's `jumpTo` with the row as index. Signals of a change, in order: removal of the rows
+/// that are gone, insertion of those that are new, data changed for the rows between the old current one and
+/// the new, then for rows that were or are the saved one. A saved state that was left before the model was
+/// made is known from the next time that it is in force. The controller must outlive it. Thread: GUI. Cost:
+/// linear in the rows that change.
 class LiveHistoryModel : public HistoryModel
 {
     Q_OBJECT

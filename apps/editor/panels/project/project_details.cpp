@@ -1,5 +1,6 @@
 #include "project_details.h"
 
+#include "panels/counted.h"
 #include "project_node.h"
 
 #include <QFile>
@@ -12,17 +13,13 @@ namespace {
 
 constexpr int excerptBytes = 4000;
 
-QString counted(int count, const char* one, const char* many)
-{
-    return QStringLiteral("%1 %2").arg(count).arg(QLatin1String(count == 1 ? one : many));
-}
-
 QString sizeInFull(qint64 bytes)
 {
     const QString exact = QStringLiteral("%1 bytes").arg(bytes);
     if (bytes < 1000)
         return exact;
-    return QStringLiteral("%1  (%2)").arg(QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat), exact);
+    return QStringLiteral("%1  (%2)")
+        .arg(QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat), exact);
 }
 
 } // namespace
@@ -45,7 +42,8 @@ void ProjectDetails::show(const ProjectNode* node, const QString& directory)
             showImage(file);
         else
             showText(file);
-        addFact(QStringLiteral("Modified"), node->data(ProjectNode::ModifiedRole).toDateTime()
+        addFact(QStringLiteral("Modified"), node->data(ProjectNode::ModifiedRole)
+                                                .toDateTime()
                                                 .toString(QStringLiteral("yyyy-MM-dd  HH:mm:ss")));
         addFact(QStringLiteral("Path"), node->path());
     }
@@ -87,7 +85,9 @@ void ProjectDetails::showImage(const QString& file)
     }
     m_image = QUrl::fromLocalFile(file);
     const bool hasAlpha = QImage(1, 1, reader.imageFormat()).hasAlphaChannel();
-    addFact(QStringLiteral("Image"), QStringLiteral("%1 \u00d7 %2 px, %3").arg(size.width()).arg(size.height())
+    addFact(QStringLiteral("Image"), QStringLiteral("%1 \u00d7 %2 px, %3")
+                                         .arg(size.width())
+                                         .arg(size.height())
                                          .arg(QLatin1String(hasAlpha ? "RGBA" : "RGB")));
 }
 

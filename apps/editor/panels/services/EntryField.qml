@@ -35,8 +35,12 @@ T.TextField {
 
     Keys.priority: Keys.BeforeItem
     Keys.onEscapePressed: restore()
-    // The keys for undo are those of the typing while there is any, else those of the document.
-    Keys.onShortcutOverride: event.accepted = isTouched && event.key === Qt.Key_Z && event.modifiers & Qt.ControlModifier
+    // The keys for undo are those of the typing while there is any, else those of the document. What is typed is saved.
+    Keys.onShortcutOverride: {
+        if (event.modifiers & Qt.ControlModifier && event.key === Qt.Key_S)
+            editingFinished()
+        event.accepted = isTouched && event.key === Qt.Key_Z && event.modifiers & Qt.ControlModifier
+    }
     Keys.onPressed: {
         if (isTouched || event.key !== Qt.Key_Z || !(event.modifiers & Qt.ControlModifier))
             return

@@ -50,10 +50,6 @@ FocusScope {
         anchors.fill: parent
         spacing: 0
 
-        DocumentBar {
-            Layout.fillWidth: true
-            document: form.document
-        }
         PaneTitle {
             Layout.fillWidth: true
             text: subject.name
@@ -69,6 +65,7 @@ FocusScope {
             Column {
                 id: lines
 
+                objectName: "form"
                 x: Theme.margin + 2
                 y: Theme.margin
                 width: Math.min(parent.width - 2 * x, 560)

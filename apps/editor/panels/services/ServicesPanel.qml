@@ -11,7 +11,6 @@ FocusScope {
     focus: true
 
     HistoryShortcuts {
-        enabled: visible
         document: panel.document
     }
     Panes {
@@ -30,7 +29,7 @@ FocusScope {
         }
         HistoryPane {
             T.SplitView.preferredWidth: 340
-            T.SplitView.minimumWidth: 220
+            T.SplitView.minimumWidth: 300
             document: panel.document
         }
     }

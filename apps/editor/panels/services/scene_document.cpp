@@ -1,5 +1,6 @@
 #include "scene_document.h"
 
+#include "panels/counted.h"
 #include "sample_scene.h"
 
 #include <host/bridge/qt_script_object.h>
@@ -55,8 +56,9 @@ QObject* SceneDocument::subject() const
 
 QString SceneDocument::status() const
 {
-    const int undone = m_history.count() - m_history.index();
-    QString text = QStringLiteral("%1 objects, %2 steps").arg(m_nodes.rowCount()).arg(m_history.index());
+    const int done = m_history.index();
+    const int undone = m_history.count() - done;
+    QString text = counted(m_nodes.rowCount(), "object, ", "objects, ") + counted(done, "step", "steps");
     if (undone > 0)
         text += QStringLiteral(", %1 undone").arg(undone);
     return text + (m_history.isClean() ? QStringLiteral(", saved") : QStringLiteral(", modified"));

@@ -17,9 +17,9 @@ namespace editor {
 
 /// The sample scene as a document: its objects, which of them is current, and the history of its edits.
 ///
-/// Whatever `write`, `call`, `add` and `removeCurrent` change is one step, named for the one who reads the history. An edit
-/// that is refused, or changes nothing, makes no step. When the current object goes, the one above it becomes current.
-/// Thread: GUI.
+/// Whatever `write`, `call`, `add` and `removeCurrent` change is one step, named for the one who reads the
+/// history. An edit that is refused, or changes nothing, makes no step. When the current object goes, the one
+/// above it becomes current. Thread: GUI.
 class SceneDocument : public QObject
 {
     Q_OBJECT
@@ -55,8 +55,8 @@ public:
     Q_INVOKABLE bool write(QObject* target, const QString& property, const QVariant& value);
     /// Calls a method of the subject.
     Q_INVOKABLE void call(const QString& method);
-    /// Appends a new object ("barge", "lamp", "gate") to the children of the current one, and makes it current. False for
-    /// anything else.
+    /// Appends a new object ("barge", "lamp", "gate") to the children of the current one, and makes it
+    /// current. False for anything else.
     Q_INVOKABLE bool add(const QString& icon);
     Q_INVOKABLE void removeCurrent();
     /// The scene has no file: the present state counts as saved.

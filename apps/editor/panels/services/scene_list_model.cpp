@@ -24,18 +24,28 @@ QVariant SceneListModel::data(const QModelIndex& index, int role) const
         return {};
     const Row& row = m_rows[static_cast<std::size_t>(index.row())];
     switch (role) {
-    case NameRole: return QString::fromStdString(row.node->name);
-    case IconRole: return QLatin1String(row.node->icon());
-    case ColourRole: return QString::fromStdString(row.node->colour());
-    case LevelRole: return row.level;
-    case IsEnabledRole: return row.node->isEnabled;
-    default: return {};
+    case NameRole:
+        return QString::fromStdString(row.node->name);
+    case IconRole:
+        return QLatin1String(row.node->icon());
+    case ColourRole:
+        return QString::fromStdString(row.node->colour());
+    case LevelRole:
+        return row.level;
+    case IsEnabledRole:
+        return row.node->isEnabled;
+    default:
+        return {};
     }
 }
 
 QHash<int, QByteArray> SceneListModel::roleNames() const
 {
-    return {{NameRole, "name"}, {IconRole, "icon"}, {ColourRole, "colour"}, {LevelRole, "level"}, {IsEnabledRole, "isEnabled"}};
+    return {{NameRole, "name"},
+            {IconRole, "icon"},
+            {ColourRole, "colour"},
+            {LevelRole, "level"},
+            {IsEnabledRole, "isEnabled"}};
 }
 
 SceneNode* SceneListModel::nodeAt(int row) const
@@ -45,7 +55,8 @@ SceneNode* SceneListModel::nodeAt(int row) const
 
 int SceneListModel::rowOf(const SceneNode* node) const
 {
-    const auto found = std::find_if(m_rows.begin(), m_rows.end(), [node](const Row& row) { return row.node == node; });
+    const auto found =
+        std::find_if(m_rows.begin(), m_rows.end(), [node](const Row& row) { return row.node == node; });
     return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
 }
 
@@ -71,9 +82,13 @@ SceneListModel::Row SceneListModel::makeRow(SceneNode& node, int level)
 
     const zarn::ReflectedObject children = zarn::reflect(node.children);
     row.connections.emplace_back(children.connectPropertyAdded(
-        [this, &node](const zarn::ReflectedObject&, std::size_t first, std::size_t count) { insertChildren(node, first, count); }));
+        [this, &node](const zarn::ReflectedObject&, std::size_t first, std::size_t count) {
+            insertChildren(node, first, count);
+        }));
     row.connections.emplace_back(children.connectPropertyAboutToBeRemoved(
-        [this, &node](const zarn::ReflectedObject&, std::size_t first, std::size_t count) { removeChildren(node, first, count); }));
+        [this, &node](const zarn::ReflectedObject&, std::size_t first, std::size_t count) {
+            removeChildren(node, first, count);
+        }));
     return row;
 }
 
@@ -101,7 +116,8 @@ int SceneListModel::childRow(int parent, std::size_t child) const
     return row;
 }
 
-// After the fact, since how many rows come is only known by then; what the model tells is its own list, which is in step.
+// After the fact, since how many rows come is only known by then; what the model tells is its own list, which
+// is in step.
 void SceneListModel::insertChildren(SceneNode& parent, std::size_t first, std::size_t count)
 {
     const int parentRow = rowOf(&parent);
@@ -111,7 +127,8 @@ void SceneListModel::insertChildren(SceneNode& parent, std::size_t first, std::s
 
     const int row = childRow(parentRow, first);
     beginInsertRows({}, row, row + static_cast<int>(added.size()) - 1);
-    m_rows.insert(m_rows.begin() + row, std::make_move_iterator(added.begin()), std::make_move_iterator(added.end()));
+    m_rows.insert(m_rows.begin() + row, std::make_move_iterator(added.begin()),
+                  std::make_move_iterator(added.end()));
     endInsertRows();
 }
 

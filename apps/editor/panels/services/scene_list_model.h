@@ -10,7 +10,8 @@
 
 namespace editor {
 
-/// The objects of a scene as an indented list: each one is followed by its children, with their depth as a role.
+/// The objects of a scene as an indented list: each one is followed by its children, with their depth as a
+/// role.
 ///
 /// Roles: "name" (the display role), "icon", "colour", "level", "isEnabled". The rows follow the reflection's
 /// notifications: an object comes and goes with all that is below it in one range.

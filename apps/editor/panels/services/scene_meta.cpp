@@ -43,11 +43,15 @@ struct zarn::Reflection<editor::SceneNode>
     {
         using editor::SceneNode;
         node.value("name", &SceneNode::name, setField<&SceneNode::name>, Meta::Label::Text("Name"))
-            .value("enabled", &SceneNode::isEnabled, setField<&SceneNode::isEnabled>, Meta::Label::Text("Enabled"))
-            .readOnly("position", [](SceneNode& self) { return &self.position; }, Meta::Label::Text("Position"),
-                      Meta::ToolTip("Metres from the basin's south-west corner"))
-            .value("colour", &SceneNode::colour, &SceneNode::setColour, Meta::Label::Text("Colour"), editor::Colour())
-            .readOnly("children", [](SceneNode& self) { return &self.children; }, Meta::Visible(false));
+            .value("enabled", &SceneNode::isEnabled, setField<&SceneNode::isEnabled>,
+                   Meta::Label::Text("Enabled"))
+            .readOnly(
+                "position", [](SceneNode& self) { return &self.position; }, Meta::Label::Text("Position"),
+                Meta::ToolTip("Metres from the basin's south-west corner"))
+            .value("colour", &SceneNode::colour, &SceneNode::setColour, Meta::Label::Text("Colour"),
+                   editor::Colour())
+            .readOnly(
+                "children", [](SceneNode& self) { return &self.children; }, Meta::Visible(false));
     }
 };
 
@@ -59,8 +63,9 @@ struct zarn::Reflection<editor::Basin>
     static void declare(StaticMetaObject<editor::Basin>::Builder& basin)
     {
         using editor::Basin;
-        basin.value("level", &Basin::level, setField<&Basin::level>, Meta::Label::Text("Water level"), Meta::Precision{2},
-                    Meta::MinMax(0.0, Basin::highest), Meta::ToolTip("Metres above the sill"));
+        basin.value("level", &Basin::level, setField<&Basin::level>, Meta::Label::Text("Water level"),
+                    Meta::Precision{2}, Meta::MinMax(0.0, Basin::highest),
+                    Meta::ToolTip("Metres above the sill"));
         basin.method("fill", &Basin::fill, Meta::Label::Text("Fill"));
         basin.method("drain", &Basin::drain, Meta::Label::Text("Drain"));
     }
@@ -75,12 +80,12 @@ struct zarn::Reflection<editor::Barge>
     {
         using editor::Barge;
         barge.with(Meta::Precision{1})
-            .value("speed", &Barge::speed, setField<&Barge::speed>, Meta::Label::Text("Speed"), Meta::MinMax(0.0, 12.0),
-                   Meta::ToolTip("Kilometres an hour"))
+            .value("speed", &Barge::speed, setField<&Barge::speed>, Meta::Label::Text("Speed"),
+                   Meta::MinMax(0.0, 12.0), Meta::ToolTip("Kilometres an hour"))
             .value("length", &Barge::length, setField<&Barge::length>, Meta::Label::Text("Length"),
                    Meta::MinMax(6.0, 40.0), Meta::ToolTip("Metres"));
-        barge.value("bells", &Barge::bells, setField<&Barge::bells>, Meta::Label::Text("Bells rung"), Meta::Precision{0},
-                    Meta::MinMax(0, 99));
+        barge.value("bells", &Barge::bells, setField<&Barge::bells>, Meta::Label::Text("Bells rung"),
+                    Meta::Precision{0}, Meta::MinMax(0, 99));
         barge.method("ringBell", &Barge::ringBell, Meta::Label::Text("Ring bell"));
         barge.method("stop", &Barge::stop, Meta::Label::Text("Stop"));
     }
@@ -94,10 +99,11 @@ struct zarn::Reflection<editor::Lamp>
     static void declare(StaticMetaObject<editor::Lamp>::Builder& lamp)
     {
         using editor::Lamp;
-        lamp.value("brightness", &Lamp::brightness, setField<&Lamp::brightness>, Meta::Label::Text("Brightness"),
-                   Meta::Precision{0}, Meta::MinMax(0, 100), Meta::ToolTip("Per cent"));
-        lamp.value("range", &Lamp::range, setField<&Lamp::range>, Meta::Label::Text("Range"), Meta::Precision{1},
-                   Meta::MinMax(0.5, 60.0), Meta::ToolTip("Metres"));
+        lamp.value("brightness", &Lamp::brightness, setField<&Lamp::brightness>,
+                   Meta::Label::Text("Brightness"), Meta::Precision{0}, Meta::MinMax(0, 100),
+                   Meta::ToolTip("Per cent"));
+        lamp.value("range", &Lamp::range, setField<&Lamp::range>, Meta::Label::Text("Range"),
+                   Meta::Precision{1}, Meta::MinMax(0.5, 60.0), Meta::ToolTip("Metres"));
         lamp.method("dim", &Lamp::dim, Meta::Label::Text("Dim"));
     }
 };
@@ -110,8 +116,8 @@ struct zarn::Reflection<editor::Gate>
     static void declare(StaticMetaObject<editor::Gate>::Builder& gate)
     {
         using editor::Gate;
-        gate.value("opening", &Gate::opening, setField<&Gate::opening>, Meta::Label::Text("Opening"), Meta::Precision{0},
-                   Meta::MinMax(0.0, Gate::widest), Meta::ToolTip("Degrees"));
+        gate.value("opening", &Gate::opening, setField<&Gate::opening>, Meta::Label::Text("Opening"),
+                   Meta::Precision{0}, Meta::MinMax(0.0, Gate::widest), Meta::ToolTip("Degrees"));
         gate.method("open", &Gate::open, Meta::Label::Text("Open gate"));
         gate.method("close", &Gate::close, Meta::Label::Text("Close gate"));
     }

@@ -22,8 +22,8 @@ struct Position : zarn::Object
     double z = 0;
 };
 
-/// An object of the sample scene. What it consists of is told in scene_meta.cpp, and edited through the reflection, so
-/// that views hear of it and it can be undone. Thread: GUI.
+/// An object of the sample scene. What it consists of is told in scene_meta.cpp, and edited through the
+/// reflection, so that views hear of it and it can be undone. Thread: GUI.
 class SceneNode : public zarn::Object
 {
 public:

@@ -12,7 +12,8 @@ ServicesPanel::~ServicesPanel() = default;
 void ServicesPanel::go(const QString& name)
 {
     SceneListModel& nodes = *m_document->nodes();
-    const QModelIndexList found = nodes.match(nodes.index(0), SceneListModel::NameRole, name, 1, Qt::MatchExactly);
+    const QModelIndexList found =
+        nodes.match(nodes.index(0), SceneListModel::NameRole, name, 1, Qt::MatchExactly);
     m_document->setCurrentRow(found.isEmpty() ? 0 : found.constFirst().row());
 }
 

@@ -5,7 +5,8 @@
 
 namespace editor {
 
-/// The panel "Services": the objects of the sample scene, the current one in a form, and the history beside it.
+/// The panel "Services": the objects of the sample scene, the current one in a form, and the history beside
+/// it.
 class ServicesPanel : public Panel
 {
     Q_OBJECT

@@ -1,0 +1,153 @@
+#include "desk.h"
+
+#include <host/registry/static_registrar.h>
+
+#include <QApplication>
+#include <QTextCodec>
+#include <QtTest>
+
+namespace {
+
+enum class Where
+{
+    OnScreen,
+    Anywhere
+};
+
+QQuickItem* findBelow(const QQuickItem& parent, const QString& name, Where where)
+{
+    for (QQuickItem* child : parent.childItems()) {
+        if (where == Where::OnScreen && !child->isVisible())
+            continue;
+        if (child->objectName() == name)
+            return child;
+        if (QQuickItem* found = findBelow(*child, name, where))
+            return found;
+    }
+    return nullptr;
+}
+
+void collectTexts(const QQuickItem& parent, QStringList& texts)
+{
+    for (const QQuickItem* child : parent.childItems()) {
+        if (!child->isVisible())
+            continue;
+        const QString text = child->property("text").toString();
+        if (child->inherits("QQuickText") && !text.isEmpty())
+            texts << text;
+        collectTexts(*child, texts);
+    }
+}
+
+} // namespace
+
+Desk::Desk(const QString& panel)
+    : m_tabs({m_project.path()}, panel), m_editor(m_tabs), m_window(*m_editor.window())
+{
+    m_window.requestActivate();
+    if (!QTest::qWaitForWindowActive(&m_window))
+        qFatal("The window does not come up");
+}
+
+QQuickItem& Desk::item(const QString& name) const
+{
+    QQuickItem* found = find(name);
+    if (!found)
+        qFatal("There is no item \"%s\"", qPrintable(name));
+    return *found;
+}
+
+QList<QQuickItem*> Desk::rowItems(const QString& list) const
+{
+    QQuickItem& view = item(list);
+    QList<QQuickItem*> rows;
+    for (int i = 0; i < view.property("count").toInt(); ++i) {
+        QQuickItem* row = nullptr;
+        QMetaObject::invokeMethod(&view, "itemAtIndex", Q_RETURN_ARG(QQuickItem*, row), Q_ARG(int, i));
+        if (row)
+            rows << row;
+    }
+    return rows;
+}
+
+QString Desk::text(const QString& name, const char* property) const
+{
+    return item(name).property(property).toString();
+}
+
+QString Desk::reads(const QQuickItem& item) const
+{
+    QStringList texts;
+    collectTexts(item, texts);
+    return texts.join(' ');
+}
+
+int Desk::pixels(const QQuickItem& item, const QColor& colour) const
+{
+    const QImage image = m_window.grabWindow().copy(item.mapRectToScene(item.boundingRect()).toRect());
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixelColor(x, y) == colour ? 1 : 0;
+    }
+    return count;
+}
+
+void Desk::click(const QQuickItem& target, Qt::KeyboardModifiers modifiers)
+{
+    const QPointF middle = target.mapToScene({target.width() / 2, target.height() / 2});
+    QTest::mouseClick(&m_window, Qt::LeftButton, modifiers, middle.toPoint());
+    settle();
+}
+
+void Desk::doubleClick(const QQuickItem& target, const QPointF& place)
+{
+    QTest::mouseDClick(&m_window, Qt::LeftButton, {}, target.mapToScene(place).toPoint());
+    settle();
+}
+
+void Desk::drag(const QQuickItem& target, const QPointF& by)
+{
+    const QPointF from = target.mapToScene({target.width() / 2, target.height() / 2});
+    QTest::mousePress(&m_window, Qt::LeftButton, {}, from.toPoint());
+    QTest::mouseMove(&m_window, (from + by / 2).toPoint()); // beyond the distance that makes a drag
+    QTest::mouseMove(&m_window, (from + by).toPoint());
+    QTest::mouseRelease(&m_window, Qt::LeftButton, {}, (from + by).toPoint());
+    settle();
+}
+
+void Desk::type(const QString& text)
+{
+    for (const QChar& character : text)
+        QTest::keyClick(&m_window, character.toLatin1());
+    settle();
+}
+
+void Desk::press(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QTest::keyClick(&m_window, key, modifiers);
+    settle();
+}
+
+void Desk::settle()
+{
+    m_window.update();
+    QSignalSpy frames(&m_window, &QQuickWindow::frameSwapped);
+    frames.wait(5000);
+    QCoreApplication::processEvents();
+}
+
+QQuickItem* Desk::find(const QString& name) const
+{
+    QQuickItem* found = findBelow(*m_window.contentItem(), name, Where::OnScreen);
+    return found ? found : findBelow(*m_window.contentItem(), name, Where::Anywhere);
+}
+
+int runAtDesk(QObject& test, int argc, char** argv)
+{
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8")); // as the editor itself does
+    QApplication application(argc, argv);
+    StaticRegistrar::RegistrarInternals::runDeferred();
+    editor::EditorWindow::chooseRenderer(true);
+    return QTest::qExec(&test, argc, argv);
+}

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "sample_project.h"
+
+#include <editor_tabs.h>
+#include <editor_window.h>
+#include <support/log_capture.h>
+
+#include <QColor>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+/// The editor on a sample project in a real window, with the means of a user: keys, clicks and eyes.
+///
+/// A message of the host, of Qt or of QML that nobody has asked for fails the test.
+class Desk
+{
+public:
+    /// Opens with a panel, the first by default.
+    explicit Desk(const QString& panel = QString());
+
+    /// The panel of the current tab.
+    template <class P>
+    P& panel() const
+    {
+        return static_cast<P&>(*m_tabs.current()->panel());
+    }
+
+    /// The item with an object name, one that shows before those that do not; the test ends here if there is
+    /// none.
+    QQuickItem& item(const QString& name) const;
+    bool has(const QString& name) const { return find(name) != nullptr; }
+    /// The items of a list view's rows, from the top; asked of the view, which keeps those that show no more
+    /// for later.
+    QList<QQuickItem*> rowItems(const QString& list) const;
+    /// A property of an item, as text.
+    QString text(const QString& name, const char* property = "text") const;
+    /// The texts that show in an item, in the order of its children, parted by blanks; what is typed into
+    /// fields apart.
+    QString reads(const QQuickItem& item) const;
+    QString status() const { return text(QStringLiteral("status")); }
+    /// How many pixels of an item on the screen have a colour.
+    int pixels(const QQuickItem& item, const QColor& colour) const;
+
+    void click(const QString& name, Qt::KeyboardModifiers modifiers = {}) { click(item(name), modifiers); }
+    void click(const QQuickItem& target, Qt::KeyboardModifiers modifiers = {});
+    void doubleClick(const QQuickItem& target, const QPointF& place);
+    /// With the left button, from the middle of an item to a place beside it.
+    void drag(const QQuickItem& target, const QPointF& by);
+    void type(const QString& text);
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    /// Waits for the next frame: items come and go when the view is polished, right before it.
+    void settle();
+
+private:
+    QQuickItem* find(const QString& name) const;
+
+    LogCapture m_log{LogCapture::FailOnRest};
+
+protected:
+    SampleProject m_project;
+
+private:
+    editor::Tabs m_tabs;
+    editor::EditorWindow m_editor;
+    QQuickWindow& m_window;
+};
+
+/// The `main` of a test that works at desks.
+int runAtDesk(QObject& test, int argc, char** argv);

@@ -16,6 +16,8 @@ FUNCTION_OR_VARIABLE = re.compile(r"^\s*(?:\[\[\w+\]\]\s*)?\w+_API\s[^;({]*?(\w+
 # Strong symbols and virtual tables: inline functions of the standard library and of Qt are weak.
 SYMBOL = re.compile(r"^[0-9a-f]+ [TBDRV] (.+)$", re.MULTILINE)
 PREFIX = re.compile(r"^(vtable|typeinfo|typeinfo name|VTT|construction vtable|guard variable) for ")
+# Belong to no class: every object that asks for them holds a weak copy.
+TYPE_OF_POINTER_OR_FUNCTION = re.compile(r"^typeinfo (name )?for .*[*)]( const&?)?$")
 # The linker's own and the sanitizers'.
 FOREIGN = re.compile(r"^(_init|_fini|_edata|_end|__bss_start|__odr_asan|__asan|__ubsan|__tsan|std::|Q[A-Z]|void |bool )")
 
@@ -30,6 +32,8 @@ def exported_names(headers):
 
 def symbols(nm_output):
     for name in SYMBOL.findall(nm_output):
+        if TYPE_OF_POINTER_OR_FUNCTION.match(name):
+            continue
         name = PREFIX.sub("", name)
         if not FOREIGN.match(name):
             yield name

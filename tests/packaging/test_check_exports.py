@@ -36,6 +36,10 @@ class ExportsTest(unittest.TestCase):
     def test_inline_functions_of_others_are_left_out(self):
         self.assertEqual([], strays("W std::vector<int>::push_back(int&&)", "V typeinfo for QObject", "T _init"))
 
+    def test_types_of_pointers_and_functions_belong_to_nobody(self):
+        self.assertEqual([], strays("V typeinfo for editor::Hidden const*", "V typeinfo name for int (*)(editor::Hidden&)",
+                                    "V typeinfo for void (editor::Hidden const&)"))
+
 
 if __name__ == "__main__":
     unittest.main()

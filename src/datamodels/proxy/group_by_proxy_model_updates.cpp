@@ -14,9 +14,10 @@
 namespace qelm::datamodels::proxy {
 namespace {
 
-void report(const char* fault)
+void report(const char* fault, int line = __builtin_LINE())
 {
-    Ozy::DebugMessageHelper(Ozy::Priority::structural, "datamodels").message("GroupByProxyModel(): %s\n", fault);
+    Ozy::DebugMessageHelper(Ozy::Priority::structural, "datamodels", __FILE__, line)
+        .message("GroupByProxyModel(): %s\n", fault);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <QList>
 
+#include <algorithm>
 #include <unordered_map>
 #include <utility>
 
@@ -31,8 +32,9 @@ public:
         if (hint == m_hints.end())
             return -1;
 
+        const int start = std::min(hint->second, m_elements.size()); // the list may have become shorter
         for (int distance = 0; distance <= m_elements.size(); ++distance) {
-            for (const int row : {hint->second - distance, hint->second + distance}) {
+            for (const int row : {start - distance, start + distance}) {
                 if (m_elements.value(row) == element)
                     return hint->second = row;
             }

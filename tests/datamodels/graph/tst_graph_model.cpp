@@ -441,6 +441,23 @@ private Q_SLOTS:
         QCOMPARE(record.take(), (QStringList{"removing /1 [0..0]", "removed /1 [0..0]", "isEmptyChanged()"}));
     }
 
+    void theLastVertexIsFoundAlsoAfterManyBeforeItHaveGone()
+    {
+        GraphModel model;
+        auto* last = new Vertex("last", owner);
+        model.addVertex(a);
+        model.addVertex(b);
+        model.addVertex(c);
+        model.addVertex(last);
+
+        model.removeVertex(a);
+        model.removeVertex(b);
+        model.removeVertex(c);
+        model.removeVertex(last);
+
+        QCOMPARE(labels(model), QStringList());
+    }
+
     void removingAVertexThatIsNotListedTakesOnlyItsEdges()
     {
         GraphModel model;

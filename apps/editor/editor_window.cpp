@@ -1,8 +1,11 @@
 #include "editor_window.h"
 
+#include "controls/curve_item.h"
 #include "controls/icon_provider.h"
 #include "controls/match_text.h"
 #include "editor_tabs.h"
+
+#include <datamodels/library_frame.h>
 
 #include <QOpenGLContext>
 #include <QQmlContext>
@@ -37,8 +40,13 @@ void EditorWindow::chooseRenderer(bool forPictures)
 
 void registerControls()
 {
-    static const int matchText = qmlRegisterType<MatchText>("Editor.Items", 1, 0, "MatchText");
-    Q_UNUSED(matchText)
+    static const bool once = [] {
+        qmlRegisterType<CurveItem>("Editor.Items", 1, 0, "CurveItem");
+        qmlRegisterType<MatchText>("Editor.Items", 1, 0, "MatchText");
+        datamodels::registerGraphQml();
+        return true;
+    }();
+    Q_UNUSED(once)
 }
 
 } // namespace editor

@@ -95,8 +95,12 @@ int Desk::pixels(const QQuickItem& item, const QColor& colour) const
 
 void Desk::click(const QQuickItem& target, Qt::KeyboardModifiers modifiers)
 {
-    const QPointF middle = target.mapToScene({target.width() / 2, target.height() / 2});
-    QTest::mouseClick(&m_window, Qt::LeftButton, modifiers, middle.toPoint());
+    clickAt(target, {target.width() / 2, target.height() / 2}, modifiers);
+}
+
+void Desk::clickAt(const QQuickItem& target, const QPointF& place, Qt::KeyboardModifiers modifiers)
+{
+    QTest::mouseClick(&m_window, Qt::LeftButton, modifiers, target.mapToScene(place).toPoint());
     settle();
 }
 
@@ -106,13 +110,50 @@ void Desk::doubleClick(const QQuickItem& target, const QPointF& place)
     settle();
 }
 
+void Desk::dragAt(const QQuickItem& target, const QPointF& place, const QPointF& by, Qt::MouseButton button)
+{
+    const QPointF from = target.mapToScene(place);
+    QTest::mousePress(&m_window, button, {}, from.toPoint());
+    QTest::mouseMove(&m_window, (from + by / 2).toPoint());
+    QTest::mouseMove(&m_window, (from + by).toPoint());
+    QTest::mouseRelease(&m_window, button, {}, (from + by).toPoint());
+    settle();
+}
+
 void Desk::drag(const QQuickItem& target, const QPointF& by)
 {
-    const QPointF from = target.mapToScene({target.width() / 2, target.height() / 2});
-    QTest::mousePress(&m_window, Qt::LeftButton, {}, from.toPoint());
-    QTest::mouseMove(&m_window, (from + by / 2).toPoint()); // beyond the distance that makes a drag
-    QTest::mouseMove(&m_window, (from + by).toPoint());
-    QTest::mouseRelease(&m_window, Qt::LeftButton, {}, (from + by).toPoint());
+    dragAt(target, {target.width() / 2, target.height() / 2}, by);
+}
+
+void Desk::dragTo(const QQuickItem& target, const QQuickItem& destination)
+{
+    drag(target, areaOf(destination).center() - areaOf(target).center());
+}
+
+void Desk::pressAt(const QQuickItem& target)
+{
+    m_pointer = areaOf(target).center().toPoint();
+    QTest::mousePress(&m_window, Qt::LeftButton, {}, m_pointer);
+}
+
+void Desk::moveTo(const QQuickItem& target, const QPointF& place)
+{
+    m_pointer = target.mapToScene(place).toPoint();
+    QTest::mouseMove(&m_window, m_pointer);
+}
+
+void Desk::release()
+{
+    QTest::mouseRelease(&m_window, Qt::LeftButton, {}, m_pointer);
+    settle();
+}
+
+void Desk::turnWheel(const QQuickItem& target, const QPointF& place, int notches)
+{
+    const QPointF at = target.mapToScene(place);
+    QWheelEvent event(at, m_window.mapToGlobal(at.toPoint()), {}, {0, 120 * notches}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&m_window, &event);
     settle();
 }
 

@@ -39,14 +39,30 @@ public:
     /// fields apart.
     QString reads(const QQuickItem& item) const;
     QString status() const { return text(QStringLiteral("status")); }
+    /// Where an item is in the window.
+    static QRectF areaOf(const QQuickItem& item)
+    {
+        return item.mapRectToScene({0, 0, item.width(), item.height()});
+    }
     /// How many pixels of an item on the screen have a colour.
     int pixels(const QQuickItem& item, const QColor& colour) const;
 
     void click(const QString& name, Qt::KeyboardModifiers modifiers = {}) { click(item(name), modifiers); }
     void click(const QQuickItem& target, Qt::KeyboardModifiers modifiers = {});
     void doubleClick(const QQuickItem& target, const QPointF& place);
-    /// With the left button, from the middle of an item to a place beside it.
+    void clickAt(const QQuickItem& target, const QPointF& place, Qt::KeyboardModifiers modifiers = {});
+    /// From a place in an item to one so far away.
+    void dragAt(const QQuickItem& target, const QPointF& place, const QPointF& by,
+                Qt::MouseButton button = Qt::LeftButton);
+    /// From the middle of an item.
     void drag(const QQuickItem& target, const QPointF& by);
+    void dragTo(const QQuickItem& target, const QQuickItem& destination);
+    /// The left button goes down in the middle of an item; the pointer moves; the button comes up there.
+    void pressAt(const QQuickItem& target);
+    void moveTo(const QQuickItem& target, const QPointF& place);
+    void release();
+    /// Up is positive.
+    void turnWheel(const QQuickItem& target, const QPointF& place, int notches);
     void type(const QString& text);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
     /// Waits for the next frame: items come and go when the view is polished, right before it.
@@ -55,6 +71,7 @@ public:
 private:
     QQuickItem* find(const QString& name) const;
 
+    QPoint m_pointer;
     LogCapture m_log{LogCapture::FailOnRest};
 
 protected:

@@ -1,5 +1,6 @@
 #include "panel_table.h"
 
+#include "graph/graph_panel.h"
 #include "history/history_panel.h"
 #include "project/project_panel.h"
 #include "services/services_panel.h"
@@ -21,6 +22,7 @@ const std::vector<PanelEntry>& panelTable()
         {"project", "Project", "folder-tree", "qrc:/panels/project/ProjectPanel.qml", &make<ProjectPanel>},
         {"services", "Services", "services", "qrc:/panels/services/ServicesPanel.qml", &make<ServicesPanel>},
         {"history", "History", "history", "qrc:/panels/history/HistoryPanel.qml", &make<HistoryPanel>},
+        {"graph", "Graph", "graph", "qrc:/panels/graph/GraphPanel.qml", &make<GraphPanel>},
     };
     return table;
 }

@@ -18,6 +18,7 @@ QtObject {
     readonly property color accentText: "#ffffff"
     readonly property color good: "#7fc8a9"
     readonly property color pending: "#e0a868"
+    readonly property color bad: "#d9716b"
 
     readonly property color hover: "#282c32"
     readonly property color selection: "#2a4768"
@@ -29,6 +30,11 @@ QtObject {
         "folder": "#c9a86a", "texture": "#7db3e8", "model": "#c79be6", "material": "#e08fa8", "level": "#7fc8a9",
         "map": "#9fc46b", "script": "#e0a868", "sound": "#6fc3d0", "effect": "#e6cc6a", "layout": "#a6aee8",
         "translation": "#8fc0b8", "document": "#a3abb6", "everything": "#98a0ab"
+    })
+
+    readonly property var nodeColors: ({
+        "texture": "#7db3e8", "colour": "#e0a868", "noise": "#8fc0b8", "multiply": "#a6aee8", "mix": "#c79be6",
+        "rim": "#e6cc6a", "surface": "#e08fa8"
     })
 
     readonly property int rowHeight: 22

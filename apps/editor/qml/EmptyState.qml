@@ -3,6 +3,7 @@ import Editor 1.0
 
 // What stands in place of rows: why there are none, and what to do about it.
 Column {
+    property alias iconName: icon.name
     property alias text: label.text
     property alias actionText: button.text
     signal action
@@ -11,6 +12,8 @@ Column {
     spacing: 12
 
     Icon {
+        id: icon
+
         anchors.horizontalCenter: parent.horizontalCenter
         name: "nothing"
         size: 40

@@ -163,6 +163,7 @@ FocusScope {
     EmptyState {
         objectName: "empty"
         visible: document.model.isEmpty
+        iconName: "graph"
         text: qsTr("The graph is empty.\nClick a node in the list, or drag it here.")
     }
 }

@@ -1,5 +1,6 @@
 #include "desk.h"
 
+#include <controls/match_text.h>
 #include <host/registry/static_registrar.h>
 
 #include <QApplication>
@@ -39,6 +40,17 @@ void collectTexts(const QQuickItem& parent, QStringList& texts)
     }
 }
 
+QString nameOf(const QQuickItem& row)
+{
+    for (const QQuickItem* child : row.childItems()) {
+        const auto* text = qobject_cast<const editor::MatchText*>(child);
+        const QString name = text ? text->text() : nameOf(*child);
+        if (!name.isEmpty())
+            return name;
+    }
+    return {};
+}
+
 } // namespace
 
 Desk::Desk(const QString& panel)
@@ -73,6 +85,23 @@ QList<QQuickItem*> Desk::rowItems(const QString& list) const
 QString Desk::text(const QString& name, const char* property) const
 {
     return item(name).property(property).toString();
+}
+
+QStringList Desk::treeNames() const
+{
+    QStringList names;
+    for (const QQuickItem* row : rowItems(QStringLiteral("tree")))
+        names << nameOf(*row);
+    return names;
+}
+
+QString Desk::currentTreeName() const
+{
+    for (const QQuickItem* row : rowItems(QStringLiteral("tree"))) {
+        if (row->property("isCurrent").toBool())
+            return nameOf(*row);
+    }
+    return {};
 }
 
 QString Desk::reads(const QQuickItem& item) const

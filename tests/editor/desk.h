@@ -38,6 +38,9 @@ public:
     /// The texts that show in an item, in the order of its children, parted by blanks; what is typed into
     /// fields apart.
     QString reads(const QQuickItem& item) const;
+    /// The names in the rows of the tree as they stand on the screen, and the one that is drawn as current.
+    QStringList treeNames() const;
+    QString currentTreeName() const;
     QString status() const { return text(QStringLiteral("status")); }
     /// Where an item is in the window.
     static QRectF areaOf(const QQuickItem& item)
@@ -50,6 +53,7 @@ public:
     void click(const QString& name, Qt::KeyboardModifiers modifiers = {}) { click(item(name), modifiers); }
     void click(const QQuickItem& target, Qt::KeyboardModifiers modifiers = {});
     void doubleClick(const QQuickItem& target, const QPointF& place);
+    void clickTreeRow(int row) { click(*rowItems(QStringLiteral("tree")).value(row)); }
     void clickAt(const QQuickItem& target, const QPointF& place, Qt::KeyboardModifiers modifiers = {});
     /// From a place in an item to one so far away.
     void dragAt(const QQuickItem& target, const QPointF& place, const QPointF& by,

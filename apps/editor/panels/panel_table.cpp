@@ -2,6 +2,7 @@
 
 #include "graph/graph_panel.h"
 #include "history/history_panel.h"
+#include "library/library_panel.h"
 #include "project/project_panel.h"
 #include "services/services_panel.h"
 
@@ -20,6 +21,7 @@ const std::vector<PanelEntry>& panelTable()
 {
     static const std::vector<PanelEntry> table{
         {"project", "Project", "folder-tree", "qrc:/panels/project/ProjectPanel.qml", &make<ProjectPanel>},
+        {"library", "Library", "library", "qrc:/panels/library/LibraryPanel.qml", &make<LibraryPanel>},
         {"services", "Services", "services", "qrc:/panels/services/ServicesPanel.qml", &make<ServicesPanel>},
         {"history", "History", "history", "qrc:/panels/history/HistoryPanel.qml", &make<HistoryPanel>},
         {"graph", "Graph", "graph", "qrc:/panels/graph/GraphPanel.qml", &make<GraphPanel>},

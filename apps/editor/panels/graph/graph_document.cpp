@@ -1,6 +1,6 @@
 #include "graph_document.h"
 
-#include "panels/counted.h"
+#include "panels/texts.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "project_details.h"
 
-#include "panels/counted.h"
+#include "panels/texts.h"
 #include "project_node.h"
 
 #include <QFile>

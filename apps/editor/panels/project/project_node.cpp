@@ -1,18 +1,8 @@
 #include "project_node.h"
 
-#include <QLocale>
+#include "panels/texts.h"
 
 namespace editor {
-namespace {
-
-QString shortSize(qint64 bytes)
-{
-    if (bytes < 1000)
-        return QStringLiteral("%1 B").arg(bytes);
-    return QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat);
-}
-
-} // namespace
 
 ProjectNode::ProjectNode(SimpleTreeModel& owner, const QFileInfo& file, const QString& path)
     : Node(owner)

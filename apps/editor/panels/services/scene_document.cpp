@@ -1,6 +1,6 @@
 #include "scene_document.h"
 
-#include "panels/counted.h"
+#include "panels/texts.h"
 #include "sample_scene.h"
 
 #include <host/bridge/qt_script_object.h>

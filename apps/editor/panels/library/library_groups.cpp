@@ -1,0 +1,48 @@
+#include "library_groups.h"
+
+#include "asset_list_model.h"
+
+namespace editor {
+
+LibraryGroups::LibraryGroups(AssetListModel& assets)
+{
+    setSharedRoles({AssetListModel::KindRole, AssetListModel::FolderRole, AssetListModel::SizeRole,
+                    AssetListModel::SizeTextRole, AssetListModel::ModifiedRole,
+                    AssetListModel::ModifiedTextRole});
+    setGroupProperty(AssetListModel::IsGroupRole, true);
+    setSourceModel(&assets);
+    setBy(ByKind);
+}
+
+QVariant LibraryGroups::data(const QModelIndex& index, int role) const
+{
+    const bool isGroup = index.isValid() && !index.parent().isValid();
+    if (isGroup && role == AssetListModel::KeyRole)
+        return QStringLiteral("group ") + index.data().toString();
+    const QVariant value = GroupByProxyModel::data(index, role);
+    // The library names an icon of its host; the editor has its own.
+    if (isGroup && role == Qt::DecorationRole && value.toString().contains(QLatin1Char('/')))
+        return QStringLiteral("folder");
+    return value;
+}
+
+void LibraryGroups::setBy(int by)
+{
+    if (m_by == by || by < ByKind || by > ByExtension)
+        return;
+    m_by = by;
+    switch (by) {
+    case ByKind:
+        setRole(AssetListModel::KindRole, "Type");
+        break; // by which a group has the icon of its members
+    case ByFolder:
+        setRole(AssetListModel::FolderRole, "folder");
+        break;
+    default:
+        setRole(AssetListModel::ExtensionRole, "extension");
+        break;
+    }
+    Q_EMIT byChanged();
+}
+
+} // namespace editor

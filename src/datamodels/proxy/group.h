@@ -11,7 +11,8 @@
 
 namespace qelm::datamodels::proxy {
 
-/// Where a member stands: its row in the group that holds a slot of the `GroupTable`.
+/// Where a member stands: in the group that holds a slot of the `GroupTable`, at `row` or a little ahead of it, since
+/// members that leave do not tell those behind them at once.
 struct GroupPlace
 {
     int slot = 0;
@@ -29,6 +30,7 @@ struct Group
     QString name;
     QVariant icon;
     std::vector<Member*> members; ///< by row
+    int removals = 0;             ///< since all places were right
     SharedValues shared;
 
     int count() const { return static_cast<int>(members.size()); }

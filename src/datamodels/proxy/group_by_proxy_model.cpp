@@ -91,7 +91,7 @@ QModelIndex GroupByProxyModel::mapFromSource(const QModelIndex& sourceIndex) con
     const Group::Member* member = sourceIndex.isValid() ? m_groups->member(sourceIndex) : nullptr;
     if (!member)
         return {};
-    const int row = member->second.row;
+    const int row = m_groups->rowOf(*member);
     return toIndex(row, row, m_groups->groupOf(*member));
 }
 
@@ -202,15 +202,22 @@ void GroupByProxyModel::populate()
     if (!source || (m_rootIndex.isValid() && m_rootIndex.model() != source))
         return;
 
+    // First all persistent indexes, so that they lie together in memory: the source goes through them when its rows move.
+    std::vector<QPersistentModelIndex> members;
     const int rows = source->rowCount(m_rootIndex);
+    members.reserve(static_cast<std::size_t>(rows));
+    for (int row = 0; row < rows; ++row)
+        members.emplace_back(source->index(row, 0, m_rootIndex));
+
     m_groups->reserve(rows);
-    for (int row = 0; row < rows; ++row) {
-        const QModelIndex index = source->index(row, 0, m_rootIndex);
+    for (QPersistentModelIndex& member : members) {
+        const QModelIndex index = member;
         if (!index.isValid())
             continue;
         Group& group = m_groups->fetch(getGroupName(index, false));
-        group.icon = getGroupIcon(index); // the last row's stays
-        m_groups->append(group, index);
+        if (m_iconFromSource || group.members.empty())
+            group.icon = getGroupIcon(index); // the last row's stays
+        m_groups->append(group, std::move(member));
     }
 }
 

@@ -35,7 +35,7 @@ struct Group;
 /// other group its members one by one and the same `dataChanged`. Changed rows: the change as the source told it, then
 /// one of each group row; if a row has got another text, the whole reported range leaves its groups and joins again.
 /// Intended: a change that spans groups is forwarded with ends of two parents, and one in another column than the first
-/// with invalid ends. A `layoutChanged` comes without announcement, after which persistent indexes are invalid.
+/// with invalid ends. Qt's sort-filter proxy does not look: under one, a source tells of changed rows one by one. A `layoutChanged` comes without announcement, after which persistent indexes are invalid.
 ///
 /// Moved rows and columns, and inserted columns, are reported as messages and not followed.
 ///
@@ -44,9 +44,9 @@ struct Group;
 /// comes from then on. Indexes of other models map to nothing; a root index of another model has no rows.
 ///
 /// Cost: filling asks each row for its text once. Mapping takes constant time. Each member keeps a persistent index of
-/// the source alive, which the source pays for when it inserts or removes rows ahead of it. A removed member costs the
-/// number of those behind it in its group, a removed group its own members and the number of groups, a shared value one
-/// pass over the members until there is an answer. Thread: GUI only.
+/// the source alive, which the source pays for when it inserts or removes rows ahead of it. A removed group costs its
+/// members and the number of groups, a removed member next to nothing, a shared value one pass over the members until
+/// there is an answer. Thread: GUI only.
 class DATAMODELS_API GroupByProxyModel : public QAbstractProxyModel
 {
     Q_OBJECT

@@ -148,7 +148,7 @@ void GroupByProxyModel::removeMember(const QModelIndex& groupIndex, const QPersi
     const Group::Member* member = m_groups->member(sourceIndex);
     if (!member || &m_groups->groupOf(*member) != fromIndex(groupIndex).first)
         return report("unexpected index");
-    const ModelScopes::RemoveRows scope(*this, groupIndex, static_cast<std::size_t>(member->second.row), 1);
+    const ModelScopes::RemoveRows scope(*this, groupIndex, static_cast<std::size_t>(m_groups->rowOf(*member)), 1);
     if (!m_groups->removeMember(sourceIndex))
         report("unexpected removal from container");
 }

@@ -1,8 +1,22 @@
 #include <datamodels/proxy/group_table.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace qelm::datamodels::proxy {
+namespace {
+
+constexpr int longestSearch = 64;
+
+void countAnew(Group& group)
+{
+    int row = 0;
+    for (Group::Member* member : group.members)
+        member->second.row = row++;
+    group.removals = 0;
+}
+
+} // namespace
 
 void GroupTable::clear()
 {
@@ -75,6 +89,15 @@ Group& GroupTable::groupOf(const Group::Member& member) const
     return *m_slots[static_cast<std::size_t>(member.second.slot)];
 }
 
+int GroupTable::rowOf(const Group::Member& member) const
+{
+    const std::vector<Group::Member*>& members = groupOf(member).members;
+    auto row = std::min(static_cast<std::size_t>(member.second.row), members.size() - 1);
+    while (members[row] != &member)
+        --row;
+    return static_cast<int>(row);
+}
+
 bool GroupTable::append(Group& group, QPersistentModelIndex source)
 {
     if (!source.isValid())
@@ -91,10 +114,10 @@ bool GroupTable::removeMember(const QPersistentModelIndex& source)
     if (found == m_members.end())
         return false;
 
-    std::vector<Group::Member*>& members = groupOf(*found).members;
-    auto behind = members.erase(members.begin() + found->second.row);
-    for (; behind != members.end(); ++behind)
-        --(*behind)->second.row;
+    Group& group = groupOf(*found);
+    group.members.erase(group.members.begin() + rowOf(*found));
+    if (++group.removals == longestSearch)
+        countAnew(group);
     m_members.erase(found);
     return true;
 }

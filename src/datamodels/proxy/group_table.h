@@ -14,7 +14,8 @@ namespace qelm::datamodels::proxy {
 ///
 /// A member is known by a persistent index, so that nothing changes here when the source inserts or removes other rows.
 /// It names its group by a slot that the group keeps for life: when a group goes, only the positions of the later groups
-/// change, not their members. Lookups take constant time. Removing a member renumbers those behind it.
+/// change, not their members. It knows its row to within a few, and is searched for there; a group whose rows have become
+/// too uncertain by removals is counted anew. So lookups take constant time.
 ///
 /// Model indexes carry the number of a slot, never a pointer. A stale one finds nothing; once the slot has been given to
 /// another group, which does not happen before all have heard of the removal, it finds that.
@@ -37,6 +38,7 @@ public:
 
     const Group::Member* member(const QPersistentModelIndex& source) const;
     Group& groupOf(const Group::Member& member) const;
+    int rowOf(const Group::Member& member) const;
     /// At the end of the group. False, and nothing happens, for an invalid index and for one that is a member already.
     bool append(Group& group, QPersistentModelIndex source);
     bool removeMember(const QPersistentModelIndex& source);

@@ -33,6 +33,25 @@ public:
     }
 };
 
+QStringList trees(int count)
+{
+    QStringList lines;
+    std::fill_n(std::back_inserter(lines), count, QStringLiteral("oak | kind=tree"));
+    return lines;
+}
+
+/// The source rows that the members of a group map to and that do not map back to them.
+QStringList brokenMappings(const GroupByProxyModel& proxy, const QModelIndex& group)
+{
+    QStringList broken;
+    for (int row = 0; row < proxy.rowCount(group); ++row) {
+        const QModelIndex member = proxy.index(row, 0, group);
+        if (proxy.mapFromSource(proxy.mapToSource(member)) != member)
+            broken << QString::number(row);
+    }
+    return broken;
+}
+
 } // namespace
 
 /// What the proxy tells when its source changes. In the texts 257 is the role of the kind, 258 the size, 357 the count.
@@ -301,6 +320,25 @@ private Q_SLOTS:
         source.insert({}, 0, {"ash | kind=tree"});
 
         QCOMPARE(log.take(), (QStringList{"inserting /1 [1..1]", "inserted /1 [1..1]", "changed /1 roles 357"}));
+    }
+
+    void membersKnowTheirPlacesAfterManyHaveLeft()
+    {
+        ScriptedTree source(trees(300));
+        const KindGroups proxy(source);
+        const QModelIndex group = proxy.index(0, 0);
+        const IndexKeeper members(proxy, ScriptedTree::IdRole);
+
+        source.remove({}, 0, 50);
+        QCOMPARE(brokenMappings(proxy, group), QStringList());
+        source.remove({}, 60, 50);
+        source.insert({}, 0, trees(3));
+        QCOMPARE(brokenMappings(proxy, group), QStringList());
+        source.remove({}, 100, 103);
+        QCOMPARE(brokenMappings(proxy, group), QStringList());
+
+        QCOMPARE(proxy.rowCount(group), 100);
+        QCOMPARE(members.strayed(), QStringList());
     }
 
     void theRowsAreInPlaceAtEachNotification()

@@ -35,7 +35,8 @@ struct Group;
 /// other group its members one by one and the same `dataChanged`. Changed rows: the change as the source told it, then
 /// one of each group row; if a row has got another text, the whole reported range leaves its groups and joins again.
 /// Intended: a change that spans groups is forwarded with ends of two parents, and one in another column than the first
-/// with invalid ends. Qt's sort-filter proxy does not look: under one, a source tells of changed rows one by one. A `layoutChanged` comes without announcement, after which persistent indexes are invalid.
+/// with invalid ends; a sort-filter proxy on top looks at the group of the first end only, unless rows are told one by
+/// one. A `layoutChanged` comes without announcement, after which persistent indexes are invalid.
 ///
 /// Moved rows and columns, and inserted columns, are reported as messages and not followed.
 ///

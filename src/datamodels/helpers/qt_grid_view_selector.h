@@ -30,7 +30,7 @@ class DATAMODELS_API QtGridViewSelector : public QObject
     Q_PROPERTY(SelectionMode selectionMode READ selectionMode WRITE setSelectionMode NOTIFY selectionModeChanged)
 
 public:
-    enum SelectionMode
+    enum SelectionMode : int
     {
         SingleSelection,
         MultiSelection,

@@ -1,5 +1,6 @@
 #include "panel_table.h"
 
+#include "assets/assets_panel.h"
 #include "graph/graph_panel.h"
 #include "history/history_panel.h"
 #include "library/library_panel.h"
@@ -22,6 +23,7 @@ const std::vector<PanelEntry>& panelTable()
     static const std::vector<PanelEntry> table{
         {"project", "Project", "folder-tree", "qrc:/panels/project/ProjectPanel.qml", &make<ProjectPanel>},
         {"library", "Library", "library", "qrc:/panels/library/LibraryPanel.qml", &make<LibraryPanel>},
+        {"assets", "Assets", "grid", "qrc:/panels/assets/AssetsPanel.qml", &make<AssetsPanel>},
         {"services", "Services", "services", "qrc:/panels/services/ServicesPanel.qml", &make<ServicesPanel>},
         {"history", "History", "history", "qrc:/panels/history/HistoryPanel.qml", &make<HistoryPanel>},
         {"graph", "Graph", "graph", "qrc:/panels/graph/GraphPanel.qml", &make<GraphPanel>},

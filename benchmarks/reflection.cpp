@@ -160,6 +160,16 @@ void compareProperties()
             auto on = std::make_shared<OurSubject>();
             return repeated([on](int i) { return on->property.set(i + 1, {}); });
         });
+    Comparison("set, by name, one listener")
+        .add("QObject::setProperty",
+             [] {
+                 auto on = std::make_shared<QtSubject>();
+                 return repeated([on](int i) { return on->object.setProperty("n7", i + 1); });
+             })
+        .add("zarn::ReflectedObject::findPropertyByName", [] {
+            auto on = std::make_shared<OurSubject>();
+            return repeated([on](int i) { return on->handle.findPropertyByName("n7").set(i + 1, {}); });
+        });
 }
 
 /// Appends with a listener, to as many collections as it takes until each has `size` elements.
@@ -197,7 +207,10 @@ struct Document
 
 void compareEdits()
 {
-    Comparison("append, 100000 in all, with a listener").add("100 collections", appends(1000)).add("1 collection", appends(edits));
+    Comparison("append, 100000 in all, with a listener")
+        .add("100 collections of 1000", appends(1000))
+        .add("10 collections of 10000", appends(10000))
+        .add("1 collection of 100000", appends(edits));
     Comparison("100000 recorded sets")
         .add("do",
              [] {

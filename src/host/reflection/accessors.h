@@ -67,6 +67,16 @@ struct MethodArguments<T, std::tuple<First, Rest...>>
                                     std::tuple<std::decay_t<First>, std::decay_t<Rest>...>>;
 };
 
+/// The one type that a property of type `V` is set with; null for a variant, which takes all.
+template <class V>
+const qelm::MetaType* valueType()
+{
+    if constexpr (std::is_same_v<V, qelm::Variant>)
+        return nullptr;
+    else
+        return &qelm::metaType<V>();
+}
+
 /// A variant as a `V`; void if it cannot be.
 template <class V>
 qelm::Variant convertedTo(const qelm::Variant& value)

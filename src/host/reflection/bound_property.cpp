@@ -14,6 +14,17 @@ bool isRecording()
     return transaction && transaction->composite;
 }
 
+/// Records the opposite unless the value before is void.
+bool write(const BoundProperty& property, const qelm::Variant& value, ryk::Flags<SetterFlag> flags, const qelm::Variant& before)
+{
+    if (!property.isValid() || !property.metaProperty()->set(property, value, flags))
+        return false;
+    // Ahead of the notification: what listeners do in answer is undone before this.
+    if (!before.isVoid() && property.isValid() && !(before == property.get()))
+        Ozy::CommitChangesScope::makeUndo<SetProperty>(property, before);
+    return true;
+}
+
 } // namespace
 
 const ReflectedObject& BoundPropertyArgumentConvertor::objectOf(const BoundProperty& property)
@@ -54,22 +65,19 @@ bool BoundProperty::set(const qelm::Variant& value, ryk::Flags<SetterFlag> flags
 {
     if (!isValue() || isReadOnly())
         return false;
+    if (value.type() && value.type() == m_metaProperty->valueType())
+        return setConverted(value, flags);
     const qelm::Variant converted = m_metaProperty->converted(value);
-    if (converted.isVoid())
-        return false;
+    return !converted.isVoid() && setConverted(converted, flags);
+}
 
+bool BoundProperty::setConverted(const qelm::Variant& value, ryk::Flags<SetterFlag> flags) const
+{
     const bool records = isRecording() && !isStateless();
     const qelm::Variant before = records ? get() : qelm::Variant();
     const NotifyScope scope = NotifyScope::beginPropertyChange(*this, flags, NotifyFlag::Value);
     // Who heard of the change to come may have removed or moved the property, or destroyed the object, or this handle.
-    const BoundProperty moved = scope.isMoved() ? scope.current() : BoundProperty();
-    const BoundProperty& current = scope.isMoved() ? moved : scope.property();
-    if (!current.isValid() || !current.m_metaProperty->set(current, converted, flags))
-        return false;
-    // Ahead of the notification: what listeners do in answer is undone before this.
-    if (records && current.isValid() && !(before == current.get()))
-        Ozy::CommitChangesScope::makeUndo<SetProperty>(current, before);
-    return true;
+    return scope.isMoved() ? write(scope.current(), value, flags, before) : write(scope.property(), value, flags, before);
 }
 
 qelm::Variant BoundProperty::genericInvoke(ryk::Flags<SetterFlag>, std::size_t count, const qelm::Variant* arguments) const
@@ -79,7 +87,7 @@ qelm::Variant BoundProperty::genericInvoke(ryk::Flags<SetterFlag>, std::size_t c
 
 PropertyData* BoundProperty::propertyData() const
 {
-    return isValid() && m_object.data() ? m_object.data()->propertyData(m_metaProperty).get() : nullptr;
+    return isValid() && m_object.data() ? &m_object.data()->propertyData(m_metaProperty) : nullptr;
 }
 
 ryk::Connection BoundProperty::connectPropertyAboutToBeChanged(PropertySlot slot) const

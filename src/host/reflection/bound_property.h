@@ -20,8 +20,8 @@ class DATAMODELS_HOST_API BoundProperty
 {
 public:
     BoundProperty() = default;
-    BoundProperty(ReflectedObject object, std::shared_ptr<MetaProperty> metaProperty)
-        : m_object(std::move(object)), m_metaProperty(std::move(metaProperty))
+    BoundProperty(const ReflectedObject& object, std::shared_ptr<MetaProperty> metaProperty)
+        : m_object(object), m_metaProperty(std::move(metaProperty))
     {
     }
 
@@ -64,6 +64,8 @@ public:
     ryk::Connection connectPropertyChanged(PropertySlot slot) const;
 
 private:
+    bool setConverted(const qelm::Variant& value, ryk::Flags<SetterFlag> flags) const;
+
     ReflectedObject m_object;
     std::shared_ptr<MetaProperty> m_metaProperty;
 };

@@ -199,7 +199,7 @@ void CollectionMetaObject::renumber(const ReflectedObject& object, std::size_t f
             moved.push_back({property, data->shared_from_this(), index});
     }
     for (const Moved& element : moved) {
-        const NotifyScope scope = NotifyScope::beginPropertyChange(element.property, element.data, {},
+        const NotifyScope scope = NotifyScope::beginPropertyChange(element.property, element.data.get(), {},
                                                                    ryk::Flags<NotifyFlag>(3U));
         element.data->setMetaProperty(elementProperty(element.index + static_cast<std::size_t>(distance)));
     }

@@ -25,8 +25,8 @@ GenericFunctionError::GenericFunctionError(std::size_t accepted, std::size_t pas
 {
 }
 
-MetaProperty::MetaProperty(Kind kind, qelm::Variant key, Annotations annotations)
-    : m_kind(kind), m_key(std::move(key)), m_name(nameOf(m_key)), m_annotations(std::move(annotations))
+MetaProperty::MetaProperty(Kind kind, qelm::Variant key, Annotations annotations, const qelm::MetaType* valueType)
+    : m_kind(kind), m_valueType(valueType), m_key(std::move(key)), m_name(nameOf(m_key)), m_annotations(std::move(annotations))
 {
 }
 

@@ -41,6 +41,8 @@ public:
     const std::string& name() const { return m_name; }
     const Annotations& annotations() const { return m_annotations; }
     Kind kind() const { return m_kind; }
+    /// What a value converts to; null where the property takes several types or asks its object.
+    const qelm::MetaType* valueType() const { return m_valueType; }
     /// How many arguments a method takes.
     virtual std::size_t argumentCount() const { return 0; }
     virtual bool isConst() const { return false; }
@@ -59,11 +61,12 @@ public:
 
 protected:
     /// A text key is the name; any other key is named by its decimal text.
-    MetaProperty(Kind kind, qelm::Variant key, Annotations annotations);
+    MetaProperty(Kind kind, qelm::Variant key, Annotations annotations, const qelm::MetaType* valueType = nullptr);
     MetaProperty(const MetaProperty&) = default;
 
 private:
     Kind m_kind;
+    const qelm::MetaType* m_valueType;
     qelm::Variant m_key;
     std::string m_name;
     Annotations m_annotations;

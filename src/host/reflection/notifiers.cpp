@@ -3,40 +3,54 @@
 #include <host/reflection/meta_object.h>
 #include <host/reflection/object_data.h>
 
+#include <utility>
+
 namespace zarn {
 
-NotifyScope NotifyScope::beginPropertyChange(BoundProperty property, ryk::Flags<SetterFlag> setterFlags,
+namespace {
+
+PropertyData* dataOf(const BoundProperty& property)
+{
+    const ObjectData* object = property.isValid() ? property.object().data().get() : nullptr;
+    return object ? object->findPropertyData(*property.metaProperty()) : nullptr;
+}
+
+} // namespace
+
+NotifyScope NotifyScope::beginPropertyChange(const BoundProperty& property, ryk::Flags<SetterFlag> setterFlags,
                                              ryk::Flags<NotifyFlag> notifyFlags)
 {
-    std::shared_ptr<PropertyData> data;
-    if (property.isValid() && property.object().data())
-        data = property.object().data()->findPropertyData(*property.metaProperty());
-    return {std::move(property), std::move(data), setterFlags, notifyFlags};
+    return {property, dataOf(property), setterFlags, notifyFlags};
 }
 
-NotifyScope NotifyScope::beginPropertyChange(BoundProperty property, std::shared_ptr<PropertyData> data,
+NotifyScope NotifyScope::beginPropertyChange(const BoundProperty& property, PropertyData* data,
                                              ryk::Flags<SetterFlag> setterFlags, ryk::Flags<NotifyFlag> notifyFlags)
 {
-    return {std::move(property), std::move(data), setterFlags, notifyFlags};
+    return {property, data, setterFlags, notifyFlags};
 }
 
-NotifyScope::NotifyScope(BoundProperty property, std::shared_ptr<PropertyData> data, ryk::Flags<SetterFlag> setterFlags,
+NotifyScope::NotifyScope(const BoundProperty& property, PropertyData* data, ryk::Flags<SetterFlag> setterFlags,
                          ryk::Flags<NotifyFlag> notifyFlags)
-    : m_property(std::move(property)), m_data(std::move(data)), m_setterFlags(setterFlags), m_notifyFlags(notifyFlags)
+    : m_property(property), m_data(data), m_setterFlags(setterFlags), m_notifyFlags(notifyFlags)
 {
     if (m_data && m_data->m_openChanges++ == 0)
         m_data->aboutToBeChanged(m_property, setterFlags, notifyFlags);
 }
 
-NotifyScope::~NotifyScope()
+NotifyScope::NotifyScope(NotifyScope&& other) noexcept
+    : m_property(std::move(other.m_property))
+    , m_data(std::exchange(other.m_data, nullptr))
+    , m_setterFlags(other.m_setterFlags)
+    , m_notifyFlags(other.m_notifyFlags)
 {
-    if (m_data && --m_data->m_openChanges == 0)
-        m_data->changed(m_property, m_setterFlags, m_notifyFlags);
 }
 
-bool NotifyScope::isMoved() const
+NotifyScope::~NotifyScope()
 {
-    return m_data && !(m_data->m_isBound && m_data->m_key == m_property.metaProperty().get());
+    if (!m_data || --m_data->m_openChanges > 0)
+        return;
+    const std::shared_ptr<PropertyData> kept = std::move(m_data->m_keptByChange);
+    m_data->changed(m_property, m_setterFlags, m_notifyFlags);
 }
 
 BoundProperty NotifyScope::current() const

@@ -2,14 +2,12 @@
 
 #include <host/base/host_export.h>
 #include <host/reflection/bound_property.h>
+#include <host/reflection/property_data.h>
 
 #include <initializer_list>
-#include <memory>
 #include <vector>
 
 namespace zarn {
-
-class PropertyData;
 
 /// Brackets a change of one property: about-to-be-changed when made, changed when destroyed, also by an exception.
 ///
@@ -17,29 +15,29 @@ class PropertyData;
 class DATAMODELS_HOST_API NotifyScope
 {
 public:
-    static NotifyScope beginPropertyChange(BoundProperty property, ryk::Flags<SetterFlag> setterFlags,
+    static NotifyScope beginPropertyChange(const BoundProperty& property, ryk::Flags<SetterFlag> setterFlags,
                                            ryk::Flags<NotifyFlag> notifyFlags);
     /// The same by data that has been looked up before.
-    static NotifyScope beginPropertyChange(BoundProperty property, std::shared_ptr<PropertyData> data,
+    static NotifyScope beginPropertyChange(const BoundProperty& property, PropertyData* data,
                                            ryk::Flags<SetterFlag> setterFlags, ryk::Flags<NotifyFlag> notifyFlags);
 
-    NotifyScope(NotifyScope&& other) noexcept = default;
+    NotifyScope(NotifyScope&& other) noexcept;
     NotifyScope& operator=(NotifyScope&&) = delete;
     ~NotifyScope();
 
     const BoundProperty& property() const { return m_property; }
     /// Whether listeners brought it about that the property has another description, or none.
-    bool isMoved() const;
+    bool isMoved() const { return m_data && !m_data->isDataOf(m_property.metaProperty().get()); }
     /// The property as it stands now: under another description if listeners were told of a move meanwhile, invalid if it
     /// was removed.
     BoundProperty current() const;
 
 private:
-    NotifyScope(BoundProperty property, std::shared_ptr<PropertyData> data, ryk::Flags<SetterFlag> setterFlags,
+    NotifyScope(const BoundProperty& property, PropertyData* data, ryk::Flags<SetterFlag> setterFlags,
                 ryk::Flags<NotifyFlag> notifyFlags);
 
     BoundProperty m_property;
-    std::shared_ptr<PropertyData> m_data; // null where nobody listens
+    PropertyData* m_data; // null where nobody listens
     ryk::Flags<SetterFlag> m_setterFlags;
     ryk::Flags<NotifyFlag> m_notifyFlags;
 };

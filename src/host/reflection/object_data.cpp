@@ -22,12 +22,20 @@ void PropertyData::setMetaProperty(std::weak_ptr<MetaProperty> metaProperty)
             properties.erase(before);
         std::shared_ptr<PropertyData>& place = properties[key];
         if (place)
-            place->m_isBound = false;
+            place->unbind();
         place = self;
         m_isBound = true;
+        m_object->m_lastFound = nullptr;
     }
     m_metaProperty = std::move(metaProperty);
     m_key = key;
+}
+
+void PropertyData::unbind()
+{
+    m_isBound = false;
+    if (m_openChanges > 0)
+        m_keptByChange = shared_from_this();
 }
 
 ObjectData::ObjectData(MetaObject* metaObject) : m_metaObject(metaObject) {}
@@ -47,18 +55,18 @@ void ObjectData::markDead()
     deleted();
 }
 
-std::shared_ptr<PropertyData> ObjectData::findPropertyData(const MetaProperty& property) const
+PropertyData* ObjectData::lookUp(const MetaProperty& property) const
 {
     const auto found = m_properties.find(&property);
-    return found == m_properties.end() ? nullptr : found->second;
+    return found == m_properties.end() ? nullptr : m_lastFound = found->second.get();
 }
 
-std::shared_ptr<PropertyData> ObjectData::propertyData(const std::shared_ptr<MetaProperty>& property)
+PropertyData& ObjectData::propertyData(const std::shared_ptr<MetaProperty>& property)
 {
     std::shared_ptr<PropertyData>& data = m_properties[property.get()];
     if (!data)
         data = std::make_shared<PropertyData>(*this, property);
-    return data;
+    return *data;
 }
 
 void ObjectData::dropPropertyData(const MetaProperty& property)
@@ -68,9 +76,10 @@ void ObjectData::dropPropertyData(const MetaProperty& property)
         return;
     // Its listeners die with it, after it is out of the table that they may look into.
     const std::shared_ptr<PropertyData> dropped = std::move(found->second);
-    dropped->m_isBound = false;
+    dropped->unbind();
     dropped->m_object = nullptr;
     m_properties.erase(found);
+    m_lastFound = nullptr;
 }
 
 } // namespace zarn

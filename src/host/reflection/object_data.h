@@ -31,8 +31,11 @@ public:
     void markDead();
 
     /// Null as long as nothing needed it.
-    std::shared_ptr<PropertyData> findPropertyData(const MetaProperty& property) const;
-    std::shared_ptr<PropertyData> propertyData(const std::shared_ptr<MetaProperty>& property);
+    PropertyData* findPropertyData(const MetaProperty& property) const
+    {
+        return m_lastFound && m_lastFound->isDataOf(&property) ? m_lastFound : lookUp(property);
+    }
+    PropertyData& propertyData(const std::shared_ptr<MetaProperty>& property);
     void dropPropertyData(const MetaProperty& property);
 
     ryk::Signal<void()> deleted;
@@ -48,9 +51,12 @@ public:
 private:
     friend class PropertyData;
 
+    PropertyData* lookUp(const MetaProperty& property) const;
+
     MetaObject* m_metaObject;
     bool m_isAlive = true;
     std::unordered_map<const MetaProperty*, std::shared_ptr<PropertyData>> m_properties;
+    mutable PropertyData* m_lastFound = nullptr; // one property is often set many times in a row
 };
 
 } // namespace zarn

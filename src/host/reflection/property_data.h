@@ -25,6 +25,7 @@ public:
     void setMetaProperty(std::weak_ptr<MetaProperty> metaProperty);
     /// Whether it is still what the object keeps of the property: not once the property was removed.
     bool isBound() const { return m_isBound; }
+    bool isDataOf(const MetaProperty* property) const { return m_isBound && m_key == property; }
 
     PropertySignal aboutToBeChanged;
     PropertySignal changed;
@@ -33,11 +34,15 @@ private:
     friend class NotifyScope;
     friend class ObjectData;
 
+    /// The object lets go of it; a change that is under way keeps it until its end.
+    void unbind();
+
     ObjectData* m_object;
     std::weak_ptr<MetaProperty> m_metaProperty;
     const MetaProperty* m_key;
     int m_openChanges = 0;
     bool m_isBound = true;
+    std::shared_ptr<PropertyData> m_keptByChange;
 };
 
 } // namespace zarn

@@ -15,8 +15,6 @@ ReflectedObject::ReflectedObject(const BoundProperty& property)
     m_reference = std::make_shared<BoundProperty>(property);
 }
 
-ReflectedObject::~ReflectedObject() = default;
-
 void ReflectedObject::init(qelm::Variant value, const std::shared_ptr<ObjectData>& data, const BoundProperty* reference)
 {
     m_value = std::move(value);

@@ -49,7 +49,7 @@ public:
     ReflectedObject(ReflectedObject&&) noexcept = default;
     ReflectedObject& operator=(const ReflectedObject&) = default;
     ReflectedObject& operator=(ReflectedObject&&) noexcept = default;
-    ~ReflectedObject();
+    ~ReflectedObject() = default;
 
     void init(qelm::Variant value, const std::shared_ptr<ObjectData>& data, const BoundProperty* reference);
     void init(qelm::Variant value, const TypeInfo& type, const BoundProperty* reference);

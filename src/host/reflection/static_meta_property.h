@@ -15,7 +15,7 @@ class ValueProperty final : public NotifyableMetaProperty<1>
 
 public:
     ValueProperty(std::string name, Getter getter, Setter setter, bool isConst, Annotations annotations)
-        : NotifyableMetaProperty<1>(MetaProperty::Kind::Value, qelm::Variant(std::move(name)), std::move(annotations))
+        : NotifyableMetaProperty<1>(Kind::Value, qelm::Variant(std::move(name)), std::move(annotations), detail::valueType<Value>())
         , m_get(std::move(getter))
         , m_set(std::move(setter))
         , m_isConst(isConst)
@@ -53,7 +53,7 @@ class MethodProperty final : public NotifyableMetaProperty<1>
 
 public:
     MethodProperty(std::string name, Functor functor, Annotations annotations)
-        : NotifyableMetaProperty<1>(MetaProperty::Kind::Method, qelm::Variant(std::move(name)), std::move(annotations))
+        : NotifyableMetaProperty<1>(Kind::Method, qelm::Variant(std::move(name)), std::move(annotations))
         , m_call(std::move(functor))
     {
     }

@@ -125,22 +125,14 @@ bool ChangesController::replay(Step& step)
 {
     const QScopedValueRollback replaying(m_isReplaying, true);
     auto opposite = std::make_unique<utils::CompositeCommand>(step.inverses().name());
-    bool isDone = false;
-    {
-        CommandsTransaction transaction{opposite.get()};
-        const Detail::TransactionExchange exchange(&transaction);
-        try {
-            isDone = step.inverses().execute();
-        } catch (const std::exception& error) {
-            DebugMessageHelper(Priority::refusal, "undo").message("%s\n", error.what());
-        }
-    }
-    if (isDone) {
+    // Each command goes as soon as it has run: its opposite takes its place in memory as well.
+    if (Detail::runAll(step.inverses(), *opposite)) {
         step.setInverses(std::move(opposite));
         return true;
     }
     DebugMessageHelper(Priority::refusal, "undo").message("A step was refused: %s\n", step.inverses().name().c_str());
-    Detail::rollBack(*opposite, 0);
+    // What was run is recorded again in front of what is left, so that the step is whole.
+    Detail::rollBack(*opposite, 0, &step.inverses());
     return false;
 }
 

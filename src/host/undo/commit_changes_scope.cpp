@@ -10,6 +10,18 @@ namespace {
 
 CommandsTransaction* openTransaction = nullptr;
 
+bool isDone(utils::Command& command)
+{
+    try {
+        return command.execute();
+    } catch (const std::exception& error) {
+        DebugMessageHelper(Priority::refusal, "undo").message("%s\n", error.what());
+    } catch (...) {
+        DebugMessageHelper(Priority::refusal, "undo").message("Something that is no exception was thrown\n");
+    }
+    return false;
+}
+
 } // namespace
 
 CommitChangesScope::CommitChangesScope(BasicOwningStringView<char> name, ChangesController* controller, CareFlag)
@@ -63,19 +75,28 @@ Detail::TransactionExchange::~TransactionExchange()
     openTransaction = m_before;
 }
 
-void Detail::rollBack(utils::CompositeCommand& composite, std::size_t rest)
+bool Detail::runAll(utils::CompositeCommand& composite, utils::CompositeCommand& opposites)
 {
-    CommandsTransaction silent;
-    const TransactionExchange exchange(&silent);
+    CommandsTransaction transaction{&opposites};
+    const TransactionExchange exchange(&transaction);
+    while (std::unique_ptr<utils::Command> command = composite.pop_front()) {
+        const std::size_t recordedBefore = opposites.size();
+        if (!isDone(*command)) {
+            rollBack(opposites, recordedBefore); // what it did before it gave up
+            composite.push_front(std::move(command));
+            return false;
+        }
+    }
+    return true;
+}
+
+void Detail::rollBack(utils::CompositeCommand& composite, std::size_t rest, utils::CompositeCommand* opposites)
+{
+    CommandsTransaction transaction{opposites};
+    const TransactionExchange exchange(&transaction);
     while (composite.size() > rest) {
         const std::unique_ptr<utils::Command> command = composite.pop_front();
-        bool isDone = false;
-        try {
-            isDone = command->execute();
-        } catch (const std::exception& error) {
-            DebugMessageHelper(Priority::refusal, "undo").message("%s\n", error.what());
-        }
-        if (!isDone)
+        if (!isDone(*command))
             DebugMessageHelper(Priority::refusal, "undo")
                 .message("An edit could not be rolled back: %s\n", command->name().c_str());
     }

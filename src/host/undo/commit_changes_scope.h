@@ -89,8 +89,13 @@ private:
     CommandsTransaction* m_before;
 };
 
-/// Runs the first commands of a composite until only `rest` are left, recording nothing; those that refuse are logged.
-DATAMODELS_HOST_API void rollBack(utils::CompositeCommand& composite, std::size_t rest);
+/// Takes commands off the front of a composite and runs them until it is empty. One that refuses or throws ends it: it is
+/// left, and what it did is undone.
+DATAMODELS_HOST_API bool runAll(utils::CompositeCommand& composite, utils::CompositeCommand& opposites);
+
+/// The same until only `rest` are left; those that refuse are logged. `opposites` may be null, to record nothing.
+DATAMODELS_HOST_API void rollBack(utils::CompositeCommand& composite, std::size_t rest,
+                                  utils::CompositeCommand* opposites = nullptr);
 
 } // namespace Detail
 } // namespace Ozy

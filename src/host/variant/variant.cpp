@@ -21,13 +21,6 @@ void Variant::swap(Variant& other) noexcept
     takePayload(taken);
 }
 
-const void* Variant::address() const
-{
-    if (!m_type)
-        return nullptr;
-    return m_type->operations().storage == MetaType::Storage::Box ? std::as_const(*box()).value() : m_room;
-}
-
 void* Variant::mutableAddress()
 {
     if (m_type && m_type->operations().storage == MetaType::Storage::Box)

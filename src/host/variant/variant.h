@@ -76,7 +76,12 @@ public:
     [[noreturn]] static void castError(const char* from, const char* to);
 
     /// The address of the value, null for void; valid until the variant is changed.
-    const void* address() const;
+    const void* address() const
+    {
+        if (!m_type)
+            return nullptr;
+        return m_type->operations().storage == MetaType::Storage::Box ? std::as_const(*box()).value() : m_room;
+    }
     /// The same for writing; a shared value is copied first.
     void* mutableAddress();
     /// The address that a pointer or shared pointer holds; null for other values.

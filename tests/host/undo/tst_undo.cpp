@@ -360,6 +360,101 @@ private Q_SLOTS:
         QVERIFY(document.canUndo());
     }
 
+    void anInverseThatThrowsAnythingElseIsReportedToo()
+    {
+        struct Thrower : utils::Command
+        {
+            Thrower() : Command("Throw") {}
+            bool execute() override { throw 5; }
+        };
+        ChangesController document;
+        {
+            const CommitChangesScope scope("Both", &document);
+            CommitChangesScope::makeUndo<Thrower>();
+        }
+        LogCapture log;
+
+        QVERIFY(!document.undo());
+
+        QCOMPARE(log.messages(), (QStringList{"5 Something that is no exception was thrown", "5 A step was refused: Both"}));
+        QCOMPARE(document.index(), 1);
+    }
+
+    void aRefusedStepIsWholeAgain()
+    {
+        ChangesController document;
+        Number first;
+        Number second;
+        Number third;
+        {
+            const CommitChangesScope scope("All", &document);
+            set(first, 1);
+            set(second, 2);
+            set(third, 3);
+            set(third, 4);
+        }
+        first.isLocked = true;
+        document.undo();
+        document.undo();
+        first.isLocked = false;
+
+        QVERIFY(document.undo());
+        QCOMPARE((QList<int>{first.value, second.value, third.value}), (QList<int>{0, 0, 0}));
+        QVERIFY(document.redo());
+        QCOMPARE((QList<int>{first.value, second.value, third.value}), (QList<int>{1, 2, 4}));
+    }
+
+    void anInverseThatRefusesHalfwayIsTakenBackAndTriedAgainWhole()
+    {
+        struct Add : utils::Command
+        {
+            Add(Number& first, Number& second, int by) : Command("Add"), m_first(first), m_second(second), m_by(by) {}
+            bool execute() override { return set(m_first, m_first.value + m_by) && set(m_second, m_second.value + m_by); }
+            Number& m_first;
+            Number& m_second;
+            int m_by;
+        };
+        ChangesController document;
+        Number first;
+        Number second;
+        {
+            const CommitChangesScope scope("Add", &document);
+            CommitChangesScope::makeUndo<Add>(first, second, 10);
+        }
+        second.isLocked = true;
+
+        QVERIFY(!document.undo());
+        QCOMPARE(first.value, 0);
+
+        second.isLocked = false;
+        QVERIFY(document.undo());
+        QCOMPARE((QList<int>{first.value, second.value}), (QList<int>{10, 10}));
+        QVERIFY(document.redo());
+        QCOMPARE((QList<int>{first.value, second.value}), (QList<int>{0, 0}));
+    }
+
+    void anEditThatCannotBeRolledBackIsReportedAndTheOthersAreRolledBack()
+    {
+        ChangesController document;
+        Number number;
+        Number other;
+        LogCapture log;
+
+        try {
+            const CommitChangesScope scope("Broken", &document);
+            set(other, 1);
+            set(number, 2);
+            number.isLocked = true;
+            throw std::runtime_error("broken");
+        } catch (const std::runtime_error&) {
+        }
+
+        QCOMPARE(log.messages(), QStringList{"5 An edit could not be rolled back: Set number"});
+        QCOMPARE(number.value, 2);
+        QCOMPARE(other.value, 0);
+        QCOMPARE(document.count(), 0);
+    }
+
     void undoInsideOfAnUndoOrAScopeIsRefused()
     {
         struct Meddler : utils::Command

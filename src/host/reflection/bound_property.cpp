@@ -14,15 +14,27 @@ bool isRecording()
     return transaction && transaction->composite;
 }
 
-/// Records the opposite unless the value before is void.
-bool write(const BoundProperty& property, const qelm::Variant& value, ryk::Flags<SetterFlag> flags, const qelm::Variant& before)
+/// A setter that refuses or throws may have gone halfway, which is recorded as well. A void `before` records nothing.
+void recordChange(const BoundProperty& property, const qelm::Variant& before)
 {
-    if (!property.isValid() || !property.metaProperty()->set(property, value, flags))
-        return false;
-    // Ahead of the notification: what listeners do in answer is undone before this.
     if (!before.isVoid() && property.isValid() && !(before == property.get()))
         Ozy::CommitChangesScope::makeUndo<SetProperty>(property, before);
-    return true;
+}
+
+bool write(const BoundProperty& property, const qelm::Variant& value, ryk::Flags<SetterFlag> flags, const qelm::Variant& before)
+{
+    if (!property.isValid())
+        return false;
+    bool isDone = false;
+    try {
+        isDone = property.metaProperty()->set(property, value, flags);
+    } catch (...) {
+        recordChange(property, before);
+        throw;
+    }
+    // Ahead of the notification: what listeners do in answer is undone before this.
+    recordChange(property, before);
+    return isDone;
 }
 
 } // namespace

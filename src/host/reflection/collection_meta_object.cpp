@@ -131,8 +131,9 @@ int CollectionMetaObject::addProperty(const ReflectedObject& told, const qelm::V
     const std::optional<std::size_t> countNow = elementCount(object);
     if (!countNow)
         return -1;
-    insertElement(object, std::min(index, *countNow), added);
-    return static_cast<int>(index);
+    const std::size_t place = std::min(index, *countNow);
+    insertElement(object, place, added);
+    return static_cast<int>(place);
 }
 
 bool CollectionMetaObject::removeProperty(const ReflectedObject& told, std::size_t index)

@@ -1,6 +1,7 @@
 #include <host/reflection/merged_property.h>
 
 #include <host/reflection/meta.h>
+#include <host/undo/commit_changes_scope.h>
 
 #include <algorithm>
 
@@ -13,10 +14,23 @@ struct Written
     qelm::Variant before;
 };
 
-void takeBack(const std::vector<Written>& written, ryk::Flags<SetterFlag> flags)
+std::size_t recordedCount()
 {
-    for (auto one = written.rbegin(); one != written.rend(); ++one)
-        one->property.set(one->before, flags);
+    const Ozy::CommandsTransaction* open = Ozy::CommitChangesScope::transaction();
+    return open && open->composite ? open->composite->size() : 0;
+}
+
+/// Leaves no trace in the open transaction, and gives back as well what is not recorded.
+void takeBack(const std::vector<Written>& written, ryk::Flags<SetterFlag> flags, std::size_t recordedBefore)
+{
+    if (recordedCount() > recordedBefore)
+        Ozy::Detail::rollBack(*Ozy::CommitChangesScope::transaction()->composite, recordedBefore);
+    Ozy::CommandsTransaction silent;
+    const Ozy::Detail::TransactionExchange exchange(&silent);
+    for (auto one = written.rbegin(); one != written.rend(); ++one) {
+        if (!(one->property.get() == one->before))
+            one->property.set(one->before, flags);
+    }
 }
 
 Annotations mergedAnnotations(const BoundProperty& first)
@@ -138,18 +152,18 @@ qelm::Variant MergedProperty::converted(const qelm::Variant& value) const
 
 bool MergedProperty::set(const BoundProperty&, const qelm::Variant& value, ryk::Flags<SetterFlag> flags) const
 {
+    const std::size_t recordedBefore = recordedCount();
     std::vector<Written> written;
     try {
         for (const BoundProperty& target : targets()) {
-            Written one{target, target.get()};
+            written.push_back({target, target.get()});
             if (!target.set(value, flags)) {
-                takeBack(written, flags);
+                takeBack(written, flags, recordedBefore);
                 return false;
             }
-            written.push_back(std::move(one));
         }
     } catch (...) {
-        takeBack(written, flags);
+        takeBack(written, flags, recordedBefore);
         throw;
     }
     return true;

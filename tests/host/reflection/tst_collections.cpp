@@ -630,11 +630,18 @@ private Q_SLOTS:
 
     void anElementMadeAnewIsFoundByItsPlace()
     {
-        ThreeBoats three;
-        const PersistentObject second(ReflectedObject(three.object.propertyAt(1)));
-        three.object.propertyAt(1).set(boatNamed("x"), {});
+        Crew crew;
+        auto engine = std::make_unique<Engine>();
+        reflect(crew).addProperty({}, engine.get());
+        const PersistentObject first(ReflectedObject(reflect(crew).propertyAt(0)));
+        crew.elements().clear();
+        engine = std::make_unique<Engine>();
+        const bool isFoundMeanwhile = first.object().isValid();
 
-        QVERIFY(second.object().isValid());
+        reflect(crew).addProperty({}, engine.get());
+
+        QVERIFY(!isFoundMeanwhile);
+        QVERIFY(first.object() == reflect(*engine));
     }
 
     void theClassMakesEmptyCollections()

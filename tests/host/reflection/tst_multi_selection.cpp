@@ -289,6 +289,27 @@ private Q_SLOTS:
         QCOMPARE(heard, (QStringList{"50", "1"}));
     }
 
+    void aWriteThatOneRefusesLeavesNoStep()
+    {
+        Crate first;
+        Crate second;
+        second.room = 5;
+        Boat noticing;
+        MultiSelection selection;
+        selection.merge(reflect(first), {});
+        selection.merge(reflect(second), {});
+        const ryk::ScopedConnection answering(reflect(first).findPropertyByName("parts").connectPropertyChanged(
+            [&](const BoundProperty&) { reflect(noticing).findPropertyByName("speed").set(first.parts, {}); }));
+        Ozy::ChangesController document;
+        {
+            const Ozy::CommitChangesScope scope("parts", &document);
+            QVERIFY(!reflect(selection).findPropertyByName("parts").set(50, {}));
+        }
+
+        QCOMPARE(document.count(), 0);
+        QCOMPARE(first.parts, 1);
+    }
+
     void aWriteThatCannotBeConvertedForOneReachesNone()
     {
         GenericObject narrow;

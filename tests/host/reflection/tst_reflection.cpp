@@ -1,5 +1,6 @@
 #include "sample_objects.h"
 
+#include <host/reflection/persistent_object.h>
 #include <host/undo/changes_controller.h>
 #include <host/undo/commit_changes_scope.h>
 
@@ -15,6 +16,43 @@ namespace {
 const ReflectAtLoad<Engine> engineClass;
 const ReflectAtLoad<Vehicle> vehicleClass;
 const ReflectAtLoad<Boat> boatClass;
+
+/// An object that holds a boat in the one berth that it has, and a handle on whatever was shown last.
+class Yard : public Object
+{
+public:
+    std::unique_ptr<Boat> boat = std::make_unique<Boat>();
+    ReflectedObject shown;
+    int depth = 3;
+
+    bool dig(int metres)
+    {
+        depth = metres;
+        if (metres > 50)
+            throw std::runtime_error("rock");
+        return metres < 20;
+    }
+};
+
+} // namespace
+
+template <>
+struct zarn::Reflection<Yard>
+{
+    static constexpr const char* name = "Yard";
+    static int count(const BoundProperty& property, int factor) { return factor * int(property.name().size()); }
+    static void declare(StaticMetaObject<Yard>::Builder& yard)
+    {
+        yard.readOnly("boat", [](Yard* self) { return self->boat.get(); });
+        yard.readOnly("shown", &Yard::shown);
+        yard.value("depth", &Yard::depth, &Yard::dig);
+        yard.method("count", &Reflection::count).method("twice", [](int number) { return 2 * number; });
+    }
+};
+
+namespace {
+
+const ReflectAtLoad<Yard> yardClass;
 
 QStringList propertyNames(const ReflectedObject& object)
 {
@@ -230,23 +268,56 @@ private Q_SLOTS:
         QCOMPARE(document.count(), 0);
     }
 
+    void whatASetterDidBeforeItThrewIsRolledBackWithTheScope()
+    {
+        Ozy::ChangesController document;
+        Yard yard;
+        PropertyStory story(reflect(yard).findPropertyByName("depth"));
+        const auto digInOneStep = [&] {
+            const Ozy::CommitChangesScope scope("Dig", &document);
+            reflect(yard).findPropertyByName("depth").set(70, {});
+        };
+
+        QVERIFY_EXCEPTION_THROWN(digInOneStep(), std::runtime_error);
+
+        QCOMPARE(yard.depth, 3);
+        QCOMPARE(document.count(), 0);
+        QCOMPARE(story.take(), (QStringList{"about", "changed 70", "about", "changed 3"}));
+    }
+
+    void whatASetterDidBeforeItRefusedIsUndone()
+    {
+        Ozy::ChangesController document;
+        Yard yard;
+        {
+            const Ozy::CommitChangesScope scope("Dig", &document);
+            QVERIFY(!reflect(yard).findPropertyByName("depth").set(30, {}));
+        }
+
+        QCOMPARE(document.count(), 1);
+        QVERIFY(document.undo());
+        QCOMPARE(yard.depth, 3);
+    }
+
     void nestedChangesAreToldOnceWithTheOuterFlags()
     {
         Boat boat;
         const BoundProperty speed = reflect(boat).findPropertyByName("speed");
         QStringList heard;
-        const ryk::ScopedConnection listening =
-            speed.connectPropertyChanged([&](const BoundProperty&, ryk::Flags<SetterFlag>, ryk::Flags<NotifyFlag> flags) {
-                heard << QString::number(flags.value());
-            });
+        const auto note = [&heard](const char* what) {
+            return [&heard, what](const BoundProperty& told, ryk::Flags<SetterFlag>, ryk::Flags<NotifyFlag> flags) {
+                heard << QString("%1 %2 of %3").arg(what).arg(flags.value()).arg(told.get().value<int>());
+            };
+        };
+        const ryk::ScopedConnection about(speed.connectPropertyAboutToBeChanged(note("about")));
+        const ryk::ScopedConnection changed(speed.connectPropertyChanged(note("changed")));
         {
             const NotifyScope scope = NotifyScope::beginPropertyChange(speed, {}, ryk::Flags<NotifyFlag>(3U));
             speed.set(20, {});
             speed.set(30, {});
-            QCOMPARE(heard, QStringList());
         }
 
-        QCOMPARE(heard, QStringList{"3"});
+        QCOMPARE(heard, (QStringList{"about 3 of 10", "changed 3 of 30"}));
     }
 
     void namedPropertiesAreToldTogether()
@@ -273,6 +344,78 @@ private Q_SLOTS:
         QVERIFY(!speed.set(25, {}));
 
         QVERIFY(!speed.isValid());
+    }
+
+    void aListenerMayDestroyTheObjectOnceItHasChanged()
+    {
+        Ozy::ChangesController document;
+        auto boat = std::make_unique<Boat>();
+        const BoundProperty speed = reflect(*boat).findPropertyByName("speed");
+        const ryk::ScopedConnection changed = speed.connectPropertyChanged([&] { boat.reset(); });
+        {
+            const Ozy::CommitChangesScope scope("Set speed", &document);
+            QVERIFY(speed.set(25, {}));
+        }
+
+        QVERIFY(!speed.isValid());
+    }
+
+    void aListenerMayDestroyTheHandleThatIsSet()
+    {
+        Boat boat;
+        auto speed = std::make_unique<BoundProperty>(reflect(boat).findPropertyByName("speed"));
+        PropertyStory story(*speed);
+        const ryk::ScopedConnection about = speed->connectPropertyAboutToBeChanged([&] { speed.reset(); });
+
+        QVERIFY(speed->set(25, {}));
+
+        QCOMPARE(speed, nullptr);
+        QCOMPARE(story.take(), (QStringList{"about", "changed 25"}));
+    }
+
+    void aListenerThatUndoesInsideOfAnUndoIsRefused()
+    {
+        Ozy::ChangesController document;
+        Boat boat;
+        const BoundProperty speed = reflect(boat).findPropertyByName("speed");
+        const auto setInOneStep = [&](int value) {
+            const Ozy::CommitChangesScope scope("Set speed", &document);
+            speed.set(value, {});
+        };
+        setInOneStep(20);
+        setInOneStep(30);
+        QList<bool> undone;
+        LogCapture log;
+        const ryk::ScopedConnection changed = speed.connectPropertyChanged([&] { undone << document.undo() << document.redo(); });
+
+        QVERIFY(document.undo());
+
+        QCOMPARE(undone, (QList<bool>{false, false}));
+        QCOMPARE(boat.speed(), 20);
+        QCOMPARE(document.index(), 1);
+        QCOMPARE(log.messages(), (QStringList{"5 Cannot undo inside of an edit", "5 Cannot redo inside of an edit"}));
+    }
+
+    void whatAListenerAnswersIsUndoneWithTheChange()
+    {
+        Ozy::ChangesController document;
+        Boat boat;
+        const ReflectedObject handle = reflect(boat);
+        const ryk::ScopedConnection changed =
+            handle.findPropertyByName("speed").connectPropertyChanged([&](ryk::Connection self, const BoundProperty&) {
+                self.disconnect();
+                handle.findPropertyByName("draught").set(0.5, {});
+            });
+        {
+            const Ozy::CommitChangesScope scope("Plane", &document);
+            handle.findPropertyByName("speed").set(50, {});
+        }
+        QCOMPARE(boat.draught, 0.5);
+
+        QVERIFY(document.undo());
+
+        QCOMPARE(boat.draught, 1.5);
+        QCOMPARE(boat.speed(), 10);
     }
 
     void aListenerMayTakeTheConnectionInFront()
@@ -317,6 +460,17 @@ private Q_SLOTS:
         QCOMPARE(boat.speed(), 15);
     }
 
+    void methodsTakeTheObjectThePropertyOrNeither()
+    {
+        Yard yard;
+        const ReflectedObject handle = reflect(yard);
+        const qelm::Variant argument(4);
+
+        QCOMPARE(cast<Boat>(handle.findPropertyByName("boat").get()), yard.boat.get());
+        QCOMPARE(handle.findPropertyByName("count").genericInvoke({}, 1, &argument).value<int>(), 20);
+        QCOMPARE(handle.findPropertyByName("twice").genericInvoke({}, 1, &argument).value<int>(), 8);
+    }
+
     void aWrongNumberOfArgumentsThrows()
     {
         Boat boat;
@@ -350,6 +504,20 @@ private Q_SLOTS:
         QVERIFY(engine.isValid());
         QVERIFY(engine == reflect(*boat.engine));
         QVERIFY(engine.reference() == property);
+    }
+
+    void aHandleThatAPropertyHoldsIsUnwrapped()
+    {
+        Yard yard;
+        Engine engine;
+        yard.shown = reflect(engine);
+        const BoundProperty shown = reflect(yard).findPropertyByName("shown");
+
+        const ReflectedObject unwrapped(shown);
+
+        QVERIFY(unwrapped == reflect(engine));
+        QVERIFY(unwrapped.reference() == shown);
+        QVERIFY(!yard.shown.reference().isValid());
     }
 
     void aValueThatIsNoObjectGivesAnInvalidHandleThatRemembers()
@@ -389,50 +557,6 @@ private Q_SLOTS:
         }
 
         QVERIFY2(text.contains("sample::Engine") && text.contains("sample::Vehicle"), qPrintable(text));
-    }
-
-    void aGroupGivesItsAnnotationsToItsPropertiesOnly()
-    {
-        Boat boat;
-        const ReflectedObject handle = reflect(boat);
-
-        QCOMPARE(handle.findPropertyByName("draught").annotations().valueOr<Meta::Precision>().digits, 1);
-        QVERIFY(handle.findPropertyByName("engine").annotations().contain<Meta::Precision>());
-        QVERIFY(!handle.findPropertyByName("isHidden").annotations().contain<Meta::Precision>());
-        QVERIFY(handle.findPropertyByName("name").annotations().contain("Meta::Label::Text"));
-    }
-
-    void classesCarryTheirSelectionName()
-    {
-        Boat boat;
-        const Annotations annotations = reflect(boat).annotations();
-
-        QVERIFY(annotations.contain<Meta::ToolTip>());
-        QCOMPARE(annotations.valueOr<Meta::MultiSelection::ObjectType>().name(reflect(boat)), std::string("Boat"));
-    }
-
-    void aPopTooManyAndAMissingOneAreReported()
-    {
-        LogCapture log;
-        {
-            detail::AnnotationStack stack;
-            stack.pop();
-            stack.push({Meta::Value()});
-        }
-
-        QCOMPARE(log.messages(), (QStringList{"6 META_POP without corresponding META_PUSH", "6 Missing META_POP"}));
-        QCOMPARE(log.assertions(), QStringList{"annotations_.size() == 1"});
-    }
-
-    void visibilityIsAskedOfTheAnnotation()
-    {
-        Boat boat;
-        const BoundProperty anchors = reflect(boat).findPropertyByName("anchors");
-        QCOMPARE(anchors.visibility().value(), 15U);
-
-        boat.isHidden = true;
-
-        QCOMPARE(anchors.visibility().value(), 0U);
     }
 
     void aSetIsUndoneAndRedoneThroughSet()
@@ -497,6 +621,31 @@ private Q_SLOTS:
         QVERIFY(document.undo());
 
         QCOMPARE(boat.engine->power, 40);
+    }
+
+    void anObjectMadeAnewIsFoundThroughParentsMadeAnew()
+    {
+        Yard yard;
+        const ReflectedObject boat(reflect(yard).findPropertyByName("boat"));
+        const PersistentObject engine(ReflectedObject(boat.findPropertyByName("engine")));
+
+        yard.boat.reset();
+        QVERIFY(!engine.object().isValid());
+        yard.boat = std::make_unique<Boat>();
+
+        QVERIFY(engine.object() == reflect(*yard.boat->engine));
+    }
+
+    void anObjectThatWasReachedDirectlyIsNotFoundAgain()
+    {
+        auto boat = std::make_unique<Boat>();
+        const PersistentObject persistent(reflect(*boat));
+        QVERIFY(persistent.object() == reflect(*boat));
+
+        boat = std::make_unique<Boat>();
+
+        QVERIFY(!persistent.object().isValid());
+        QVERIFY(!PersistentObject().object().isValid());
     }
 
     void undoOfAnObjectThatIsGoneIsRefused()

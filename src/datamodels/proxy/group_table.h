@@ -1,5 +1,6 @@
 #pragma once
 
+#include <datamodels/persistent_index_key.h>
 #include <datamodels/proxy/group.h>
 
 #include <QHash>
@@ -51,19 +52,6 @@ public:
     Group* groupOfId(quintptr id) const;
 
 private:
-    struct Hash
-    {
-        std::size_t operator()(const QPersistentModelIndex& index) const noexcept { return qHash(index); }
-    };
-    // Indexes of rows that have gone are all equal, but for their hash, which is that of their identity.
-    struct Same
-    {
-        bool operator()(const QPersistentModelIndex& left, const QPersistentModelIndex& right) const
-        {
-            return qHash(left) == qHash(right) && left == right;
-        }
-    };
-
     Group& add(const QString& name);
     int takeSlot();
     void retire(int slot);
@@ -74,7 +62,7 @@ private:
     std::vector<int> m_spareSlots;
     std::vector<int> m_retiredSlots; // by the last removal; indexes may still carry them
     QHash<QString, Group*> m_byName;
-    std::unordered_map<QPersistentModelIndex, GroupPlace, Hash, Same> m_members;
+    std::unordered_map<QPersistentModelIndex, GroupPlace, PersistentIndexHash, SamePersistentIndex> m_members;
 };
 
 } // namespace qelm::datamodels::proxy

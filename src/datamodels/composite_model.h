@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 struct ModelScopes;
 
@@ -76,6 +77,13 @@ private:
     class ModelIndexItem;
     class RetiredItems;
     using Parents = QList<QPersistentModelIndex>;
+    enum class Bracket
+    {
+        None, ///< nothing is known where the change happens
+        Insertion,
+        Removal,
+        Move,
+    };
 
     Item* getItem(const QModelIndex& index) const;
     Item* getItem(ModelItem* item, const QModelIndex& sourceIndex) const;
@@ -101,6 +109,7 @@ private:
     void onDataChanged(ModelItem* item, const QModelIndex& topLeft, const QModelIndex& bottomRight,
                        const QVector<int>& roles);
 
+    void openBracket(ModelItem& item, Bracket bracket);
     void closeBracket(ModelItem& item);
     void removeItems(ModelItem& mount, Item& parent, int first, int last);
     void dropChildren(ModelItem& mount, Item& parent);
@@ -111,6 +120,7 @@ private:
     std::unordered_map<int, std::unordered_map<const QAbstractItemModel*, int>> roleMap_;
     QHash<int, QByteArray> roleNames_;
     int nextRole_ = Qt::UserRole;
+    std::vector<Bracket> brackets_; // announced; several at once for a model that is mounted several times
     std::unique_ptr<RetiredItems> retiredItems_;
     std::unique_ptr<QObject> life_; // what the connections look at; goes first
 };

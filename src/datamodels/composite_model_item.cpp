@@ -59,7 +59,7 @@ CompositeModel::Item* CompositeModel::ModelItem::findByHash(const QModelIndex& s
 void CompositeModel::ModelItem::itemAdded(ModelIndexItem& item)
 {
     // While a change is under way the model's rows are not yet, or no longer, those of the slots.
-    if (!brackets_.empty())
+    if (!changes_.empty())
         misalign();
     if (!isAligned_)
         byIndex_.emplace(item.modelIndex_, &item);
@@ -87,13 +87,13 @@ void CompositeModel::ModelItem::forgetAll()
     isAligned_ = true;
 }
 
-CompositeModel::ModelItem::Bracket CompositeModel::ModelItem::close()
+bool CompositeModel::ModelItem::changeEnds()
 {
-    if (brackets_.empty())
-        return None;
-    const Bracket bracket = brackets_.back();
-    brackets_.pop_back();
-    return bracket;
+    if (changes_.empty())
+        return false;
+    const bool isTold = changes_.back();
+    changes_.pop_back();
+    return isTold;
 }
 
 void CompositeModel::ModelItem::addAll(Item& parent)

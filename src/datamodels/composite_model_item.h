@@ -13,14 +13,6 @@
 class CompositeModel::ModelItem : public PathItem
 {
 public:
-    enum Bracket
-    {
-        None, ///< nothing is known where the change happens
-        Insertion,
-        Removal,
-        Move,
-    };
-
     ModelItem(const QString& name, std::shared_ptr<QAbstractItemModel> model);
 
     Type type() const override;
@@ -41,10 +33,10 @@ public:
     /// Nothing is known below any more.
     void forgetAll();
 
-    // Changes that the model has announced and not yet told.
-    void open(Bracket bracket) { brackets_.push_back(bracket); }
-    /// The bracket opened last, `None` without one.
-    Bracket close();
+    /// The model has announced a change; whether the composite has too.
+    void changeBegins(bool isTold) { changes_.push_back(isTold); }
+    /// The change has happened. False if the composite had not announced it.
+    bool changeEnds();
 
 private:
     Item* findBySlots(const QModelIndex& sourceIndex);
@@ -55,5 +47,5 @@ private:
     QPointer<QAbstractItemModel> guard_; // others may delete what they share
     bool isAligned_ = true;
     std::unordered_multimap<QPersistentModelIndex, ModelIndexItem*, PersistentIndexHash, SamePersistentIndex> byIndex_;
-    std::vector<Bracket> brackets_;
+    std::vector<bool> changes_; // under way
 };

@@ -50,7 +50,7 @@ void CompositeModel::onRowsAboutToBeInserted(ModelItem* item, const QModelIndex&
         beginInsertRows(indexOf(*target), first, last);
         target->insertChildren(first, last - first + 1);
     }
-    item->open(target ? ModelItem::Insertion : ModelItem::None);
+    openBracket(*item, target ? Bracket::Insertion : Bracket::None);
 }
 
 void CompositeModel::onRowsInserted(ModelItem* item, const QModelIndex&, int, int)
@@ -65,7 +65,7 @@ void CompositeModel::onRowsAboutToBeRemoved(ModelItem* item, const QModelIndex& 
         beginRemoveRows(indexOf(*target), first, last);
         removeItems(*item, *target, first, last);
     }
-    item->open(target ? ModelItem::Removal : ModelItem::None);
+    openBracket(*item, target ? Bracket::Removal : Bracket::None);
 }
 
 void CompositeModel::onRowsRemoved(ModelItem* item, const QModelIndex&, int, int)
@@ -79,10 +79,10 @@ void CompositeModel::onRowsAboutToBeMoved(ModelItem* item, const QModelIndex& so
     Item* source = getItem(item, sourceParent);
     Item* dest = getItem(item, destParent);
     const int count = last - first + 1;
-    ModelItem::Bracket bracket = ModelItem::None;
+    Bracket bracket = Bracket::None;
     if (source && dest) {
         if (beginMoveRows(indexOf(*source), first, last, indexOf(*dest), destRow))
-            bracket = ModelItem::Move;
+            bracket = Bracket::Move;
         // Qt takes the persistent indexes of the rows along, but not those below them.
         const int behind = std::min(last, source->slotCount() - 1);
         invalidateIndexes([source, first, behind](const Item& known) {
@@ -91,17 +91,17 @@ void CompositeModel::onRowsAboutToBeMoved(ModelItem* item, const QModelIndex& so
         });
     } else if (dest) {
         beginInsertRows(indexOf(*dest), destRow, destRow + count - 1);
-        bracket = ModelItem::Insertion;
+        bracket = Bracket::Insertion;
     } else if (source) {
         beginRemoveRows(indexOf(*source), first, last);
-        bracket = ModelItem::Removal;
+        bracket = Bracket::Removal;
     }
 
     if (source)
         removeItems(*item, *source, first, last);
     if (dest)
         dest->insertChildren(destRow, count);
-    item->open(bracket);
+    openBracket(*item, bracket);
 }
 
 void CompositeModel::onRowsMoved(ModelItem* item, const QModelIndex&, int, int, const QModelIndex&, int)
@@ -109,18 +109,26 @@ void CompositeModel::onRowsMoved(ModelItem* item, const QModelIndex&, int, int, 
     closeBracket(*item);
 }
 
+void CompositeModel::openBracket(ModelItem& item, Bracket bracket)
+{
+    item.changeBegins(bracket != Bracket::None);
+    if (bracket != Bracket::None)
+        brackets_.push_back(bracket);
+}
+
+// Qt closes the bracket that was opened last, whosever it is.
 void CompositeModel::closeBracket(ModelItem& item)
 {
-    switch (item.close()) {
-    case ModelItem::None:
+    if (!item.changeEnds())
         return;
-    case ModelItem::Insertion:
-        return endInsertRows();
-    case ModelItem::Removal:
-        return endRemoveRows();
-    case ModelItem::Move:
-        return endMoveRows();
-    }
+    const Bracket bracket = brackets_.back();
+    brackets_.pop_back();
+    if (bracket == Bracket::Insertion)
+        endInsertRows();
+    else if (bracket == Bracket::Removal)
+        endRemoveRows();
+    else
+        endMoveRows();
 }
 
 void CompositeModel::onLayoutAboutToBeChanged(ModelItem* item, const Parents& parents, LayoutChangeHint hint)
@@ -143,12 +151,12 @@ void CompositeModel::onLayoutAboutToBeChanged(ModelItem* item, const Parents& pa
     }
     if (parents.isEmpty())
         item->misalign();
-    item->open(ModelItem::None);
+    item->changeBegins(false);
 }
 
 void CompositeModel::onLayoutChanged(ModelItem* item, const Parents& parents, LayoutChangeHint hint)
 {
-    item->close();
+    item->changeEnds();
     // Not every model announces it.
     if (parents.isEmpty())
         item->misalign();

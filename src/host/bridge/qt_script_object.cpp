@@ -4,6 +4,7 @@
 #include <host/bridge/annotation_values.h>
 #include <host/bridge/script_class.h>
 #include <host/reflection/bound_property.h>
+#include <host/reflection/cast.h>
 #include <host/reflection/meta_object.h>
 #include <host/undo/changes_controller.h>
 #include <host/undo/commit_changes_scope.h>
@@ -25,8 +26,13 @@ struct QtScriptObject::Member
 QtScriptObject::QtScriptObject(zarn::ReflectedObject object, QObject* parent)
     : ScriptObjectBase(parent), m_object(std::move(object)), m_class(&ScriptClass::of(m_object))
 {
-    if (m_object.isValid())
-        m_death = m_object.metaObject()->connectObjectDeleted(m_object, [this] { tellDeath(); });
+    if (!m_object.isValid())
+        return;
+    const auto tell = [this] { tellAll(); };
+    m_connections.emplace_back(m_object.metaObject()->connectObjectDeleted(m_object, tell));
+    m_connections.emplace_back(m_object.connectPropertiesReset(tell));
+    m_connections.emplace_back(m_object.connectPropertyAdded(tell));
+    m_connections.emplace_back(m_object.connectPropertyRemoved(tell));
 }
 
 QtScriptObject::~QtScriptObject() = default;
@@ -34,7 +40,7 @@ QtScriptObject::~QtScriptObject() = default;
 void QtScriptObject::setDocument(Ozy::ChangesController* document)
 {
     m_document = document;
-    for (auto& [index, member] : m_members) {
+    for (auto& [name, member] : m_members) {
         if (member.nested)
             member.nested->setDocument(document);
     }
@@ -50,8 +56,7 @@ QStringList QtScriptObject::reflectedNames() const
 
 QVariant QtScriptObject::reflectedValue(const QString& name)
 {
-    const int index = m_object.isValid() ? m_object.metaObject()->indexOfProperty(m_object, Variant(name)) : -1;
-    return index < 0 ? QVariant() : read(static_cast<std::size_t>(index));
+    return read(name.toStdString());
 }
 
 bool QtScriptObject::setReflectedValue(const QString& name, const QVariant& value)
@@ -93,7 +98,7 @@ int QtScriptObject::qt_metacall(QMetaObject::Call call, int id, void** arguments
         return id - m_class->valueCount();
     case QMetaObject::WriteProperty:
         if (id < m_class->valueCount())
-            write(m_object.propertyAt(m_class->valueAt(id)), *static_cast<const QVariant*>(arguments[0]));
+            write(m_object.findPropertyByName(m_class->valueAt(id)), *static_cast<const QVariant*>(arguments[0]));
         return id - m_class->valueCount();
     default: return id - m_class->valueCount();
     }
@@ -106,16 +111,16 @@ void QtScriptObject::connectNotify(const QMetaMethod& signal)
         watch(value);
 }
 
-QVariant QtScriptObject::read(std::size_t index)
+QVariant QtScriptObject::read(const std::string& name)
 {
-    const zarn::BoundProperty property = m_object.propertyAt(index);
+    const zarn::BoundProperty property = m_object.findPropertyByName(name);
     if (!property.isValid())
         return {};
     const zarn::ReflectedObject value(property);
     if (!value.isValid())
-        return toQVariant(property.get());
+        return zarn::cast<zarn::Annotations>(m_object) ? annotationValue(property.get(), nullptr) : toQVariant(property.get());
 
-    std::unique_ptr<QtScriptObject>& nested = member(index).nested;
+    std::unique_ptr<QtScriptObject>& nested = m_members[name].nested;
     if (!nested || !(nested->object() == value)) {
         // A binding may still be reading the old one.
         if (nested)
@@ -139,9 +144,9 @@ bool QtScriptObject::write(const zarn::BoundProperty& property, const QVariant& 
     }
 }
 
-QVariant QtScriptObject::invoke(std::size_t index, void** arguments)
+QVariant QtScriptObject::invoke(const std::string& name, void** arguments)
 {
-    const zarn::BoundProperty method = m_object.propertyAt(index);
+    const zarn::BoundProperty method = m_object.findPropertyByName(name);
     std::vector<Variant> converted;
     for (std::size_t i = 0; method.isMethod() && i < method.metaProperty()->argumentCount(); ++i)
         converted.emplace_back(*static_cast<const QVariant*>(arguments[i + 1]));
@@ -157,17 +162,12 @@ QVariant QtScriptObject::invoke(std::size_t index, void** arguments)
     }
 }
 
-QtScriptObject::Member& QtScriptObject::member(std::size_t index)
-{
-    return m_members[index];
-}
-
 void QtScriptObject::watch(int value)
 {
-    const std::size_t index = m_class->valueAt(value);
-    ryk::ScopedConnection& changed = member(index).changed;
+    const std::string& name = m_class->valueAt(value);
+    ryk::ScopedConnection& changed = m_members[name].changed;
     if (!changed.isConnected())
-        changed = m_object.propertyAt(index).connectPropertyChanged([this, value] { tell(value); });
+        changed = m_object.findPropertyByName(name).connectPropertyChanged([this, value] { tell(value); });
 }
 
 void QtScriptObject::tell(int value)
@@ -175,12 +175,14 @@ void QtScriptObject::tell(int value)
     QMetaObject::activate(this, metaObject(), value, nullptr);
 }
 
-void QtScriptObject::tellDeath()
+void QtScriptObject::tellAll()
 {
     const QPointer<QtScriptObject> self(this);
     for (int value = 0; self && value < m_class->valueCount(); ++value) {
-        if (m_members.count(m_class->valueAt(value)))
-            tell(value);
+        if (m_members.count(m_class->valueAt(value)) == 0)
+            continue;
+        watch(value);
+        tell(value);
     }
 }
 

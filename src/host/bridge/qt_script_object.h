@@ -7,7 +7,9 @@
 #include <QPointer>
 
 #include <memory>
+#include <string>
 #include <unordered_map>
+#include <vector>
 
 namespace Ozy {
 class ChangesController;
@@ -25,6 +27,8 @@ class ScriptClass;
 /// were read are sent, and every question has an empty answer from then on.
 /// What a method throws is logged and ends the call, since a script could not catch it.
 /// Owner: its `QObject` parent, else who made it; a script engine that is handed one without a parent takes it over.
+/// A generic object is seen with the properties that it has when this is made; those that go read as undefined, and are
+/// told, as all are when it is reset. Properties added later, and elements of collections, are reached by `reflectedValue`.
 /// Cost: one Qt meta-object a class, shared; connections only to what is read or listened to. Thread: GUI only.
 class DATAMODELS_HOST_API QtScriptObject : public ScriptObjectBase
 {
@@ -50,19 +54,18 @@ protected:
 private:
     struct Member;
 
-    QVariant read(std::size_t index);
+    QVariant read(const std::string& name);
     bool write(const zarn::BoundProperty& property, const QVariant& value);
-    QVariant invoke(std::size_t index, void** arguments);
-    Member& member(std::size_t index);
+    QVariant invoke(const std::string& name, void** arguments);
     void watch(int value);
     void tell(int value);
-    void tellDeath();
+    void tellAll();
 
     zarn::ReflectedObject m_object;
     const ScriptClass* m_class;
     QPointer<Ozy::ChangesController> m_document;
-    std::unordered_map<std::size_t, Member> m_members; // those that were read or listened to
-    ryk::ScopedConnection m_death;
+    std::unordered_map<std::string, Member> m_members; // those that were read or listened to
+    std::vector<ryk::ScopedConnection> m_connections;
 };
 
 } // namespace qelm

@@ -1,6 +1,10 @@
 #include "../reflection/sample_objects.h"
 
 #include <host/bridge/qt_script_object.h>
+#include <host/reflection/generic_object.h>
+#include <host/reflection/multi_selection.h>
+#include <host/reflection/reflection_wrapper.h>
+#include <host/reflection/sequential_collection_meta_object.h>
 #include <host/undo/changes_controller.h>
 
 #include <support/log_capture.h>
@@ -16,6 +20,32 @@ using qelm::QtScriptObject;
 
 namespace {
 
+class Gauge : public zarn::Object
+{
+public:
+    int value = 3;
+};
+
+} // namespace
+
+template <>
+struct zarn::Reflection<Gauge>
+{
+    static constexpr const char* name = "Gauge";
+    static Meta::Validator::Range upToItself(const BoundProperty& property) { return std::pair(qelm::Variant(0), property.get()); }
+    static void declare(StaticMetaObject<Gauge>::Builder& gauge)
+    {
+        gauge.readOnly("value", &Gauge::value, Meta::ToolTip("In bar"), Meta::Label::Visible(false), Meta::MinMax(0, 60),
+                       Meta::Validator(&Reflection::upToItself), Meta::DefaultValue(), Meta::Dependent{{"unit"}},
+                       Meta::FilesFilter{"*.png"}, Meta::DialogInitialPath{L"textures"}, Meta::Layout::FillWidth(),
+                       Meta::Visible(false), Meta::Value());
+    }
+};
+
+namespace {
+
+const zarn::ReflectAtLoad<Gauge> gaugeClass;
+const zarn::AutoregisterMetaObject<zarn::ReflectionWrapper<std::vector<int>>> numbersClass("Numbers", {});
 const zarn::ReflectAtLoad<Engine> engineClass;
 const zarn::ReflectAtLoad<Vehicle> vehicleClass;
 const zarn::ReflectAtLoad<Boat> boatClass;
@@ -132,6 +162,126 @@ private Q_SLOTS:
 
         QCOMPARE(reader->property("digits").toInt(), 1);
         QCOMPARE(reader->property("label").toString(), QString("Name"));
+    }
+
+    void annotationsReadAsWhatTheySay_data()
+    {
+        QTest::addColumn<QString>("annotation");
+        QTest::addColumn<QVariant>("value");
+
+        QTest::newRow("text") << "Meta::ToolTip" << QVariant("In bar");
+        QTest::newRow("flag") << "Meta::Label::Visible" << QVariant(false);
+        QTest::newRow("fixed range") << "Meta::MinMax" << QVariant(QVariantList{0, 60});
+        QTest::newRow("range that is asked for") << "Meta::Validator" << QVariant(QVariantList{0, 3});
+        QTest::newRow("default") << "Meta::DefaultValue" << QVariant::fromValue(nullptr);
+        QTest::newRow("names") << "Meta::Dependent" << QVariant(QStringList{"unit"});
+        QTest::newRow("pattern") << "Meta::FilesFilter" << QVariant("*.png");
+        QTest::newRow("path") << "Meta::DialogInitialPath" << QVariant("textures");
+        QTest::newRow("width") << "Meta::Layout::FillWidth" << QVariant(true);
+        QTest::newRow("visibility") << "Meta::Visible" << QVariant(false);
+        QTest::newRow("mark") << "Meta::Value" << QVariant(true);
+        QTest::newRow("none") << "Meta::Collection" << QVariant();
+    }
+
+    void annotationsReadAsWhatTheySay()
+    {
+        QFETCH(QString, annotation);
+        QFETCH(QVariant, value);
+        Gauge gauge;
+        const QtScriptObject script(zarn::reflect(gauge), nullptr);
+
+        QCOMPARE(script.reflectedAnnotations("value").value(annotation), value);
+    }
+
+    void aSetOfAnnotationsIsAnObjectOfItsOwn()
+    {
+        const auto annotations = std::make_shared<zarn::Annotations>(std::initializer_list<qelm::Variant>{
+            Meta::Precision{3}, Meta::ToolTip("fixed"), Meta::Precision{5}, Meta::Value(),
+            Meta::Label::Text([](const zarn::BoundProperty& property) { return property.object().metaObject()->name(); })});
+        zarn::ReflectedObject handle;
+        handle.init(qelm::Variant(annotations),
+                    zarn::TypeInfo(true, typeid(zarn::Annotations), typeid(zarn::Annotations), typeid(zarn::Annotations)), nullptr);
+        QtScriptObject script(handle, nullptr);
+
+        const auto reader = bind(script, "property int digits: boat['Meta::Precision']\n"
+                                         "property string tip: boat['Meta::ToolTip']\n"
+                                         "property bool isValue: boat['Meta::Value']\n"
+                                         "property bool isAsked: boat['Meta::Label::Text']");
+
+        QCOMPARE(reader->property("digits").toInt(), 3);
+        QCOMPARE(reader->property("tip").toString(), QString("fixed"));
+        QVERIFY(reader->property("isValue").toBool());
+        QVERIFY(reader->property("isAsked").toBool());
+        QCOMPARE(script.reflectedNames().size(), 5);
+    }
+
+    void propertiesGivenAtRunTimeAreBoundToUntilTheyGo()
+    {
+        zarn::GenericObject generic;
+        const zarn::ReflectedObject handle = zarn::reflect(generic);
+        handle.addProperty("first", 1);
+        handle.addProperty("second", 2);
+        QtScriptObject script(handle, nullptr);
+        const auto reader = bind(script, "property var sum: boat.first === undefined ? 'gone' : boat.first + boat.second");
+
+        handle.findPropertyByName("second").set(5, {});
+        QCOMPARE(reader->property("sum").toInt(), 6);
+
+        handle.removeProperty("first");
+        QCOMPARE(reader->property("sum").toString(), QString("gone"));
+
+        handle.addProperty("first", 10);
+        handle.findPropertyByName("first").set(20, {});
+        QCOMPARE(reader->property("sum").toInt(), 25);
+    }
+
+    void genericObjectsOfTheSamePropertiesShareAMetaObject()
+    {
+        zarn::GenericObject first;
+        zarn::GenericObject second;
+        zarn::GenericObject other;
+        zarn::reflect(first).addProperty("a", 1);
+        zarn::reflect(second).addProperty("a", "text");
+        zarn::reflect(other).addProperty("b", 1);
+
+        QCOMPARE(QtScriptObject(zarn::reflect(first), nullptr).metaObject(),
+                 QtScriptObject(zarn::reflect(second), nullptr).metaObject());
+        QVERIFY(QtScriptObject(zarn::reflect(first), nullptr).metaObject()
+                != QtScriptObject(zarn::reflect(other), nullptr).metaObject());
+    }
+
+    void aSelectionIsBoundToAsOneObject()
+    {
+        Boat first;
+        Boat second;
+        zarn::MultiSelection selection;
+        selection.merge(zarn::reflect(first), {});
+        selection.merge(zarn::reflect(second), {});
+        QtScriptObject script(zarn::reflect(selection), nullptr);
+        const auto panel = bind(script, "property var speed: boat.speed\nfunction write() { boat.speed = 33 }\n"
+                                        "function stop() { boat.stop() }");
+
+        QMetaObject::invokeMethod(panel.get(), "write");
+        QCOMPARE(second.speed(), 33);
+        QCOMPARE(panel->property("speed").toInt(), 33);
+
+        zarn::reflect(first).findPropertyByName("speed").set(5, {});
+        QVERIFY(!panel->property("speed").isValid());
+
+        QMetaObject::invokeMethod(panel.get(), "stop");
+        QCOMPARE(first.speed() + second.speed(), 0);
+    }
+
+    void elementsOfACollectionAreReachedByTheirIndex()
+    {
+        zarn::ReflectionWrapper<std::vector<int>> numbers({4, 5});
+        QtScriptObject script(zarn::reflect(numbers), nullptr);
+
+        QCOMPARE(script.reflectedNames(), (QStringList{"0", "1"}));
+        QCOMPARE(script.reflectedValue("1").toInt(), 5);
+        QVERIFY(script.setReflectedValue("1", 6));
+        QCOMPARE(script.reflectedValue("1").toInt(), 6);
+        QCOMPARE(script.metaObject()->indexOfProperty("1"), -1);
     }
 
     void membersAreReachedByNamesKnownAtRunTime()

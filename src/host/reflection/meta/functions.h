@@ -12,19 +12,22 @@
 /// What annotations are made of: answers that are fixed, or that a function gives at each reading.
 namespace Meta::Detail {
 
-/// An answer of type `Answer` about a `Subject`, an object or a property.
+/// An answer of type `Answer` about a `Subject`, an object or a property. An empty function answers with a default one.
 template <class Subject, class Answer>
 class Function
 {
 public:
-    Function(Answer answer) : m_function([answer = std::move(answer)](const Subject&) { return answer; }) {}
+    Function(Answer answer) : m_fixed(std::move(answer)) {}
     template <class Functor>
     requires std::is_invocable_r_v<Answer, const Functor&, const Subject&>
     Function(Functor function) : m_function(std::move(function)) {}
-    Answer operator()(const Subject& subject) const { return m_function(subject); }
+    Answer operator()(const Subject& subject) const { return m_function ? m_function(subject) : m_fixed; }
+    /// The answer, if it is the same for all; else null.
+    const Answer* fixed() const { return m_function ? nullptr : &m_fixed; }
 
 private:
     std::function<Answer(const Subject&)> m_function;
+    Answer m_fixed{};
 };
 
 using ObjectBool = Function<zarn::ReflectedObject, bool>;

@@ -15,6 +15,7 @@ bool isRecording()
 }
 
 /// A setter that refuses or throws may have gone halfway, which is recorded as well. A void `before` records nothing.
+/// Intended: setting an equal value is told, but makes no step.
 void recordChange(const BoundProperty& property, const qelm::Variant& before)
 {
     if (!before.isVoid() && property.isValid() && !(before == property.get()))

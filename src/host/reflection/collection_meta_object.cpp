@@ -199,6 +199,7 @@ void CollectionMetaObject::renumber(const ReflectedObject& object, std::size_t f
         if (OZY_ASSERT_DETAIL("Object must contain propertyData", data))
             moved.push_back({property, data->shared_from_this(), index});
     }
+    // Intended: told by the index that it had, since the vector has not changed yet and is read by that.
     for (const Moved& element : moved) {
         const NotifyScope scope = NotifyScope::beginPropertyChange(element.property, element.data.get(), {},
                                                                    ryk::Flags<NotifyFlag>(3U));

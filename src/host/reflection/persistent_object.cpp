@@ -20,6 +20,7 @@ PersistentObject::PersistentObject(ReflectedObject object) : m_object(std::move(
 
 ReflectedObject PersistentObject::object() const
 {
+    // Intended: an object that lives is meant even if another stands in its place by now.
     if (m_object.isValid() || !m_place)
         return m_object;
     const ReflectedObject parent = m_place->parent.object();

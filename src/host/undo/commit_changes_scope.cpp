@@ -27,6 +27,7 @@ bool isDone(utils::Command& command)
 CommitChangesScope::CommitChangesScope(BasicOwningStringView<char> name, ChangesController* controller, CareFlag)
     : m_name(std::move(name)), m_controller(controller), m_exceptionsBefore(std::uncaught_exceptions())
 {
+    // Intended: an inner scope is part of the outer step, also if it names another history.
     if (openTransaction) {
         m_sizeBefore = openTransaction->composite ? openTransaction->composite->size() : 0;
         return;

@@ -533,6 +533,16 @@ private Q_SLOTS:
         QCOMPARE(log.messages(), QStringList{"5 Failed to insert into a container"});
     }
 
+    void aCommandWhoseElementIsNotKeptAsItIsSaysThatToo()
+    {
+        LogCapture log;
+
+        QVERIFY(!InsertIntoContainer<const char*>("insert", ReflectedObject(), 0, "text").execute());
+
+        QCOMPARE(log.messages(), (QStringList{"5 InsertIntoContainer::execute : cast error! Command value is missed!",
+                                              "5 Failed to insert into a container"}));
+    }
+
     void aListenerMayRemoveTheElementThatIsAboutToChange()
     {
         ThreeBoats three;
@@ -642,6 +652,16 @@ private Q_SLOTS:
 
         QVERIFY(!isFoundMeanwhile);
         QVERIFY(first.object() == reflect(*engine));
+    }
+
+    void anElementThatLivesIsMeantAfterAnotherTookItsPlace()
+    {
+        ThreeBoats three;
+        const PersistentObject second(ReflectedObject(three.object.propertyAt(1)));
+
+        three.object.propertyAt(1).set(boatNamed("x"), {});
+
+        QCOMPARE(second.object().findPropertyByName("name").get().value<std::string>(), std::string("b"));
     }
 
     void theClassMakesEmptyCollections()

@@ -7,7 +7,7 @@
 /// How property panels show and edit a property.
 namespace Meta {
 
-/// The allowed range of a value.
+/// The allowed range of a value. Intended: it is for panels to keep to, and does not bind a `set`.
 struct MinMax : Detail::PropertyRange
 {
     using PropertyRange::PropertyRange;

@@ -34,7 +34,7 @@ void collectTexts(const QQuickItem& parent, QStringList& texts)
         if (!child->isVisible())
             continue;
         const QString text = child->property("text").toString();
-        if (child->inherits("QQuickText") && !text.isEmpty())
+        if ((child->inherits("QQuickText") || child->inherits("editor::MatchText")) && !text.isEmpty())
             texts << text;
         collectTexts(*child, texts);
     }
@@ -87,17 +87,17 @@ QString Desk::text(const QString& name, const char* property) const
     return item(name).property(property).toString();
 }
 
-QStringList Desk::treeNames() const
+QStringList Desk::names(const QString& tree) const
 {
     QStringList names;
-    for (const QQuickItem* row : rowItems(QStringLiteral("tree")))
+    for (const QQuickItem* row : rowItems(tree))
         names << nameOf(*row);
     return names;
 }
 
-QString Desk::currentTreeName() const
+QString Desk::currentName(const QString& tree) const
 {
-    for (const QQuickItem* row : rowItems(QStringLiteral("tree"))) {
+    for (const QQuickItem* row : rowItems(tree)) {
         if (row->property("isCurrent").toBool())
             return nameOf(*row);
     }

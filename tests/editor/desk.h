@@ -38,9 +38,11 @@ public:
     /// The texts that show in an item, in the order of its children, parted by blanks; what is typed into
     /// fields apart.
     QString reads(const QQuickItem& item) const;
-    /// The names in the rows of the tree as they stand on the screen, and the one that is drawn as current.
-    QStringList treeNames() const;
-    QString currentTreeName() const;
+    /// The names in the rows of a tree as they stand on the screen, and that of the current row.
+    QStringList names(const QString& tree) const;
+    QString currentName(const QString& tree) const;
+    QStringList treeNames() const { return names(QStringLiteral("tree")); }
+    QString currentTreeName() const { return currentName(QStringLiteral("tree")); }
     QString status() const { return text(QStringLiteral("status")); }
     /// Where an item is in the window.
     static QRectF areaOf(const QQuickItem& item)

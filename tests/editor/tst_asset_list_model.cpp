@@ -128,7 +128,7 @@ private Q_SLOTS:
 
         model.synchronise();
 
-        QCOMPARE(log.take(), (QStringList{"changed /2 roles 260,261,262,263"}));
+        QCOMPARE(log.take(), (QStringList{"changed /2 roles 261,262,263,264"}));
         QCOMPARE(model.index(2).data(AssetListModel::SizeRole), QVariant(77));
     }
 

@@ -72,7 +72,7 @@ private Q_SLOTS:
         QCOMPARE(desk.value(2, AssetListModel::FolderRole), QVariant("boats"));
         QCOMPARE(desk.value(2, AssetListModel::SizeTextRole), QVariant()); // 300 and 20 bytes
         QCOMPARE(desk.value(3, AssetListModel::SizeTextRole), QVariant("1.5 kB"));
-        QVERIFY(desk.reads(*desk.rowItems("tree").value(2)).startsWith("2 Model boats \u2013"));
+        QVERIFY(desk.reads(*desk.rowItems("tree").value(2)).startsWith("Model 2 Model boats \u2013"));
     }
 
     void aDoubleClickOpensAGroup()

@@ -4,6 +4,7 @@
 #include "graph/graph_panel.h"
 #include "history/history_panel.h"
 #include "library/library_panel.h"
+#include "mounts/mounts_panel.h"
 #include "project/project_panel.h"
 #include "services/services_panel.h"
 
@@ -24,6 +25,7 @@ const std::vector<PanelEntry>& panelTable()
         {"project", "Project", "folder-tree", "qrc:/panels/project/ProjectPanel.qml", &make<ProjectPanel>},
         {"library", "Library", "library", "qrc:/panels/library/LibraryPanel.qml", &make<LibraryPanel>},
         {"assets", "Assets", "grid", "qrc:/panels/assets/AssetsPanel.qml", &make<AssetsPanel>},
+        {"mounts", "Mounts", "mounts", "qrc:/panels/mounts/MountsPanel.qml", &make<MountsPanel>},
         {"services", "Services", "services", "qrc:/panels/services/ServicesPanel.qml", &make<ServicesPanel>},
         {"history", "History", "history", "qrc:/panels/history/HistoryPanel.qml", &make<HistoryPanel>},
         {"graph", "Graph", "graph", "qrc:/panels/graph/GraphPanel.qml", &make<GraphPanel>},

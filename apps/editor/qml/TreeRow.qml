@@ -7,13 +7,15 @@ Rectangle {
 
     readonly property TreeList list: ListView.view
     readonly property bool isCurrent: index === list.cursor.row
+    property bool isSelected: isCurrent
     default property alias cells: cells.data
 
+    function pick(isToggling) { list.cursor.row = index }
     function toggle() { list.rows.toggle(index) }
 
     width: list.width
     height: Theme.rowHeight
-    color: isCurrent ? (list.activeFocus ? Theme.selection : Theme.selectionInactive)
+    color: isSelected ? (list.activeFocus ? Theme.selection : Theme.selectionInactive)
            : area.containsMouse ? Theme.hover : "transparent"
 
     MouseArea {
@@ -23,7 +25,7 @@ Rectangle {
         hoverEnabled: true
         onPressed: {
             list.forceActiveFocus()
-            list.cursor.row = index
+            row.pick(mouse.modifiers & Qt.ControlModifier)
         }
         onDoubleClicked: row.toggle()
     }

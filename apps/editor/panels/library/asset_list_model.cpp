@@ -50,6 +50,7 @@ QVariant AssetListModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case NameRole:
         return asset.path.section(QLatin1Char('/'), -1);
+    case Qt::DecorationRole:
     case IconRole:
         return QLatin1String(factsOf(asset.kind).icon);
     case KindRole:

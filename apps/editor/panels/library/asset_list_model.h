@@ -15,7 +15,7 @@ namespace editor {
 
 /// The files of a project as a flat list in the order of their paths, which follows the disk.
 ///
-/// Roles: "name" (the display role), "icon" (the decoration role), "kind", "folder", "extension", "size",
+/// Roles: "name" (the display role), "icon", "kind", "folder", "extension", "size",
 /// "sizeText", "modified", "modifiedText", "path"; for proxies that group the rows also the names "count",
 /// "isGroup" and "key". Signals of `synchronise`, in order: removals from the back, then insertions and
 /// changes from the front, rows that are neighbours together. Hidden files and linked folders are left out.
@@ -29,8 +29,8 @@ public:
     enum Role
     {
         NameRole = Qt::DisplayRole,
-        IconRole = Qt::DecorationRole,
-        KindRole = Qt::UserRole + 1, ///< title of the kind
+        IconRole = Qt::UserRole + 1, ///< also as the decoration role
+        KindRole,                    ///< title of the kind
         FolderRole,                  ///< path of the folder in the project, with slashes, or "/"
         ExtensionRole,               ///< without its dot, or "none"
         SizeRole,                    ///< bytes

@@ -19,11 +19,11 @@ QVariant LibraryGroups::data(const QModelIndex& index, int role) const
     const bool isGroup = index.isValid() && !index.parent().isValid();
     if (isGroup && role == AssetListModel::KeyRole)
         return QStringLiteral("group ") + index.data().toString();
-    const QVariant value = GroupByProxyModel::data(index, role);
-    // The library names an icon of its host; the editor has its own.
-    if (isGroup && role == Qt::DecorationRole && value.toString().contains(QLatin1Char('/')))
-        return QStringLiteral("folder");
-    return value;
+    if (!isGroup || role != AssetListModel::IconRole)
+        return GroupByProxyModel::data(index, role);
+    // The library names an icon of its host for a folder; the editor has its own.
+    const QString icon = index.data(Qt::DecorationRole).toString();
+    return icon.contains(QLatin1Char('/')) ? QStringLiteral("folder") : icon;
 }
 
 void LibraryGroups::setBy(int by)

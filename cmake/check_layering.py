@@ -28,6 +28,7 @@ SERVICES = {
     "undo": {"base", "signals", "variant"},
     "reflection": {"base", "signals", "variant", "undo"},
     "bridge": {"base", "signals", "variant", "undo", "reflection"},
+    "asset": {"base", "signals", "variant", "undo", "reflection"},
     "registry": {"base", "signals"},
     "jobs": {"base", "signals"},
     "resources": {"base", "signals"},
@@ -40,9 +41,9 @@ WITHOUT_REFLECTION = re.compile(
     r"src/datamodels/(proxy/|graph/|helpers/(?!qt_miltiselection_composer)|simple_tree_|composite_model)")
 REFLECTION = re.compile(r"src/host/(reflection|bridge)/")
 
-# A proxy knows its source as an item model, whatever model it is.
+# A proxy knows its source as an item model, whatever model it is; interfaces of such are none.
 PROXY = re.compile(r"src/datamodels/proxy/")
-OTHER_MODEL = re.compile(r"src/datamodels/(?!proxy/).*_model(_item)?\.h$")
+OTHER_MODEL = re.compile(r"src/datamodels/(?!proxy/|i_).*_model(_item)?\.h$")
 
 
 def sources(root):

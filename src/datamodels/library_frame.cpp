@@ -2,10 +2,19 @@
 
 #include <datamodels/graph/edge.h>
 #include <datamodels/graph/vertex.h>
+#include <datamodels/helpers/qt_miltiselection_composer.h>
 #include <datamodels/qml_registration.h>
 
 // Every QML type of the library, in the order in which they are registered: a new type is a new line of its
 // table.
+
+namespace {
+
+const datamodels::LoadTimeQmlTypes loadTimeTypes{
+    datamodels::creatable<QtMiltiselectionComposer>("QelmTools.Misc", "QtMiltiselectionComposer"),
+};
+
+} // namespace
 
 void datamodels::registerGraphQml()
 {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <Qt>
+#include <QByteArray>
+#include <QHash>
 
 /// The roles of scene rows and of rows that are shown like them, known to views by the names behind.
 namespace SceneRoles {
@@ -16,5 +17,8 @@ enum Role : int
     Hover,                     ///< "hoverRole"
     Modified,                  ///< "modified"
 };
+
+/// Adds these names to those of other roles, which stay where they use the same numbers.
+QHash<int, QByteArray> namesBeside(QHash<int, QByteArray> others);
 
 } // namespace SceneRoles

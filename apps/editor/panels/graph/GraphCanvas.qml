@@ -32,7 +32,8 @@ FocusScope {
     }
     function zoomAt(place, factor) {
         const wanted = Math.min(3, Math.max(0.1, zoom * factor))
-        origin = Qt.point(place.x - (place.x - origin.x) * wanted / zoom, place.y - (place.y - origin.y) * wanted / zoom)
+        const growth = wanted / zoom
+        origin = Qt.point(place.x - (place.x - origin.x) * growth, place.y - (place.y - origin.y) * growth)
         zoom = wanted
     }
     function beginWire(box, isOut, place) {

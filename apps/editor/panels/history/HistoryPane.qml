@@ -9,6 +9,7 @@ FocusScope {
 
     property var document
     readonly property var history: document.history
+    readonly property bool isNarrow: width < 320
 
     Rectangle {
         anchors.fill: parent
@@ -59,7 +60,7 @@ FocusScope {
                     objectName: "save"
                     enabled: !history.clean
                     icon.name: "save"
-                    text: qsTr("Save")
+                    text: pane.isNarrow ? "" : qsTr("Save")
                     tip: qsTr("Takes the present state for the saved one (Ctrl+S)")
                     onClicked: document.save()
                 }
@@ -67,7 +68,7 @@ FocusScope {
                     objectName: "clearHistory"
                     enabled: history.count > 0
                     icon.name: "clear"
-                    text: qsTr("Clear")
+                    text: pane.isNarrow ? "" : qsTr("Clear")
                     tip: qsTr("Forgets all steps; what they did stays")
                     onClicked: history.clear()
                 }
@@ -137,7 +138,7 @@ FocusScope {
                     id: name
 
                     x: 62
-                    width: Math.min(implicitWidth, parent.width - x - 80)
+                    width: Math.min(implicitWidth, parent.width - x - (model.isSaved ? 80 : Theme.margin))
                     height: parent.height
                     text: model.name
                     color: model.isUndone ? Theme.faint : index === 0 ? Theme.secondary : Theme.text

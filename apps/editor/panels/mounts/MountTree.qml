@@ -8,6 +8,8 @@ FocusScope {
     property string title
     property var pane
     property var needles: []
+    readonly property int kindWidth: width < 420 ? 0 : 90
+    readonly property int sizeWidth: 76
 
     Rectangle {
         anchors.fill: parent
@@ -43,7 +45,7 @@ FocusScope {
             function pick(isToggling) { tree.pane.press(index, isToggling) }
 
             TreeCell {
-                width: row.width - 170 - Theme.scrollWidth
+                width: row.width - tree.kindWidth - tree.sizeWidth - Theme.scrollWidth
                 height: parent.height
                 level: model.level
                 isExpandable: model.isExpandable
@@ -55,13 +57,14 @@ FocusScope {
                 onToggled: row.toggle()
             }
             Label {
-                width: 80
+                width: tree.kindWidth
+                visible: width > 0
                 height: parent.height
                 text: model.kind || ""
                 color: Theme.secondary
             }
             Label {
-                width: 90
+                width: tree.sizeWidth
                 height: parent.height
                 rightPadding: Theme.margin
                 horizontalAlignment: Text.AlignRight

@@ -26,7 +26,7 @@ FocusScope {
             Layout.fillHeight: true
 
             MountTree {
-                T.SplitView.preferredWidth: 620
+                T.SplitView.preferredWidth: mounts.width * 0.45
                 T.SplitView.minimumWidth: 260
                 objectName: "whole"
                 focus: true

@@ -31,6 +31,8 @@ Row {
         model: ["#c9a86a", "#ffd166", "#e08a5b", "#d0706b", "#a6aee8", "#5fa8c9", "#7fc8a9", "#e5e9f0"]
         Rectangle {
             objectName: "colour-" + modelData
+            enabled: x + width <= row.width // those that there is no room for
+            opacity: enabled ? 1 : 0
             anchors.verticalCenter: parent.verticalCenter
             width: 16
             height: 16

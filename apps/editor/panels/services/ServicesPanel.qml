@@ -17,19 +17,19 @@ FocusScope {
         anchors.fill: parent
 
         ScenePane {
-            T.SplitView.preferredWidth: 300
-            T.SplitView.minimumWidth: 200
+            T.SplitView.preferredWidth: Math.min(300, services.width * 0.24)
+            T.SplitView.minimumWidth: 160
             focus: true
             document: panel.document
         }
         ObjectForm {
             T.SplitView.fillWidth: true
-            T.SplitView.minimumWidth: 340
+            T.SplitView.minimumWidth: 300
             document: panel.document
         }
         HistoryPane {
-            T.SplitView.preferredWidth: 340
-            T.SplitView.minimumWidth: 300
+            T.SplitView.preferredWidth: Math.min(340, services.width * 0.28)
+            T.SplitView.minimumWidth: 200
             document: panel.document
         }
     }

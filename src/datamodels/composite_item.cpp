@@ -37,14 +37,6 @@ std::vector<int> CompositeModel::Item::path() const
     return path;
 }
 
-const CompositeModel::Item* CompositeModel::Item::childAbove(const Item& parent) const
-{
-    const Item* item = this;
-    while (item && item->parent_ != &parent)
-        item = item->parent_;
-    return item;
-}
-
 CompositeModel::Item* CompositeModel::Item::child(int row) const
 {
     return row >= 0 && row < slotCount() ? children_[static_cast<std::size_t>(row)].get() : nullptr;

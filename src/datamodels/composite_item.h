@@ -30,8 +30,6 @@ public:
     int row() const;
     /// The slots from the root's on down to the item.
     std::vector<int> path() const;
-    /// The item itself or the one above it that is a child of `parent`; null outside of it.
-    const Item* childAbove(const Item& parent) const;
     int slotCount() const { return static_cast<int>(children_.size()); }
     /// The item in a slot; null for an empty slot and outside.
     Item* child(int row) const;
@@ -45,6 +43,7 @@ public:
     Children children_; // one slot a row, empty for a row not asked for; may be shorter than the rows
     Item* parent_ = nullptr;
     QHash<int, QVariant> data_;
+    bool isRetired_ = false; // it has left the tree
 
 private:
     mutable std::size_t row_ = 0; // where it was last seen

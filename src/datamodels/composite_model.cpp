@@ -1,5 +1,6 @@
 #include <datamodels/composite_model.h>
 
+#include <datamodels/composite_bracket.h>
 #include <datamodels/composite_model_item.h>
 #include <datamodels/composite_retired_items.h>
 #include <datamodels/model_scopes.h>

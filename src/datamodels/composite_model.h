@@ -4,7 +4,6 @@
 
 #include <QAbstractItemModel>
 
-#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -77,13 +76,7 @@ private:
     class ModelIndexItem;
     class RetiredItems;
     using Parents = QList<QPersistentModelIndex>;
-    enum class Bracket
-    {
-        None, ///< nothing is known where the change happens
-        Insertion,
-        Removal,
-        Move,
-    };
+    struct Bracket;
 
     Item* getItem(const QModelIndex& index) const;
     Item* getItem(ModelItem* item, const QModelIndex& sourceIndex) const;
@@ -109,11 +102,12 @@ private:
     void onDataChanged(ModelItem* item, const QModelIndex& topLeft, const QModelIndex& bottomRight,
                        const QVector<int>& roles);
 
-    void openBracket(ModelItem& item, Bracket bracket);
+    Bracket beginMove(Item& source, int first, int last, Item& dest, int destRow);
+    void openBracket(ModelItem& item, const Bracket& bracket);
     void closeBracket(ModelItem& item);
     void removeItems(ModelItem& mount, Item& parent, int first, int last);
     void dropChildren(ModelItem& mount, Item& parent);
-    void invalidateIndexes(const std::function<bool(const Item&)>& isGone);
+    void invalidateRetiredIndexes();
 
     std::unique_ptr<Item> root_;
     std::set<ModelItem*> resettingItems_;

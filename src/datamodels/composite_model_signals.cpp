@@ -1,5 +1,6 @@
 #include <datamodels/composite_model.h>
 
+#include <datamodels/composite_bracket.h>
 #include <datamodels/composite_model_item.h>
 #include <datamodels/composite_retired_items.h>
 #include <host/base/debug.h>
@@ -50,7 +51,7 @@ void CompositeModel::onRowsAboutToBeInserted(ModelItem* item, const QModelIndex&
         beginInsertRows(indexOf(*target), first, last);
         target->insertChildren(first, last - first + 1);
     }
-    openBracket(*item, target ? Bracket::Insertion : Bracket::None);
+    openBracket(*item, {target ? Bracket::Insertion : Bracket::None});
 }
 
 void CompositeModel::onRowsInserted(ModelItem* item, const QModelIndex&, int, int)
@@ -65,7 +66,7 @@ void CompositeModel::onRowsAboutToBeRemoved(ModelItem* item, const QModelIndex& 
         beginRemoveRows(indexOf(*target), first, last);
         removeItems(*item, *target, first, last);
     }
-    openBracket(*item, target ? Bracket::Removal : Bracket::None);
+    openBracket(*item, {target ? Bracket::Removal : Bracket::None});
 }
 
 void CompositeModel::onRowsRemoved(ModelItem* item, const QModelIndex&, int, int)
@@ -79,22 +80,15 @@ void CompositeModel::onRowsAboutToBeMoved(ModelItem* item, const QModelIndex& so
     Item* source = getItem(item, sourceParent);
     Item* dest = getItem(item, destParent);
     const int count = last - first + 1;
-    Bracket bracket = Bracket::None;
+    Bracket bracket;
     if (source && dest) {
-        if (beginMoveRows(indexOf(*source), first, last, indexOf(*dest), destRow))
-            bracket = Bracket::Move;
-        // Qt takes the persistent indexes of the rows along, but not those below them.
-        const int behind = std::min(last, source->slotCount() - 1);
-        invalidateIndexes([source, first, behind](const Item& known) {
-            const Item* moved = known.childAbove(*source);
-            return moved && moved != &known && moved->row() >= first && moved->row() < behind;
-        });
+        bracket = beginMove(*source, first, last, *dest, destRow);
     } else if (dest) {
         beginInsertRows(indexOf(*dest), destRow, destRow + count - 1);
-        bracket = Bracket::Insertion;
+        bracket.kind = Bracket::Insertion;
     } else if (source) {
         beginRemoveRows(indexOf(*source), first, last);
-        bracket = Bracket::Removal;
+        bracket.kind = Bracket::Removal;
     }
 
     if (source)
@@ -109,10 +103,20 @@ void CompositeModel::onRowsMoved(ModelItem* item, const QModelIndex&, int, int, 
     closeBracket(*item);
 }
 
-void CompositeModel::openBracket(ModelItem& item, Bracket bracket)
+CompositeModel::Bracket CompositeModel::beginMove(Item& source, int first, int last, Item& dest, int destRow)
 {
-    item.changeBegins(bracket != Bracket::None);
-    if (bracket != Bracket::None)
+    // After removals rows stand where others should, and the move may seem to lead below itself, which Qt refuses.
+    if (!beginMoveRows(indexOf(source), first, last, indexOf(dest), destRow)) {
+        beginRemoveRows(indexOf(source), first, last);
+        return {Bracket::RemovalAndInsertion, &dest, destRow, last - first + 1};
+    }
+    return {Bracket::Move};
+}
+
+void CompositeModel::openBracket(ModelItem& item, const Bracket& bracket)
+{
+    item.changeBegins(bracket.kind != Bracket::None);
+    if (bracket.kind != Bracket::None)
         brackets_.push_back(bracket);
 }
 
@@ -123,12 +127,25 @@ void CompositeModel::closeBracket(ModelItem& item)
         return;
     const Bracket bracket = brackets_.back();
     brackets_.pop_back();
-    if (bracket == Bracket::Insertion)
-        endInsertRows();
-    else if (bracket == Bracket::Removal)
+    switch (bracket.kind) {
+    case Bracket::None:
+        return;
+    case Bracket::Insertion:
+        return endInsertRows();
+    case Bracket::Removal:
         endRemoveRows();
-    else
+        return invalidateRetiredIndexes();
+    case Bracket::Move:
         endMoveRows();
+        return invalidateRetiredIndexes();
+    case Bracket::RemovalAndInsertion:
+        endRemoveRows();
+        invalidateRetiredIndexes();
+        if (const QModelIndex dest = indexOf(*bracket.dest); dest.isValid()) {
+            beginInsertRows(dest, bracket.row, bracket.row + bracket.count - 1);
+            endInsertRows();
+        }
+    }
 }
 
 void CompositeModel::onLayoutAboutToBeChanged(ModelItem* item, const Parents& parents, LayoutChangeHint hint)
@@ -230,18 +247,20 @@ void CompositeModel::removeItems(ModelItem& mount, Item& parent, int first, int 
 
 void CompositeModel::dropChildren(ModelItem& mount, Item& parent)
 {
-    invalidateIndexes([&parent](const Item& item) { return item.childAbove(parent) != nullptr; });
     for (std::unique_ptr<Item>& child : std::exchange(parent.children_, {}))
         retiredItems_->retire(mount, std::move(child));
     if (&parent == &mount)
         mount.forgetAll();
+    invalidateRetiredIndexes();
 }
 
-void CompositeModel::invalidateIndexes(const std::function<bool(const Item&)>& isGone)
+/// Qt moves persistent indexes along directly below a parent whose rows change, and by their rows, which after removals
+/// are not always those of the items. Whichever still has an item that is gone must not get the next one that it becomes.
+void CompositeModel::invalidateRetiredIndexes()
 {
     const QModelIndexList indexes = persistentIndexList();
     for (const QModelIndex& index : indexes) {
-        if (isGone(*getItem(index)))
+        if (getItem(index)->isRetired_)
             changePersistentIndex(index, QModelIndex());
     }
 }

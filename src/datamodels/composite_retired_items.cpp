@@ -23,6 +23,7 @@ void CompositeModel::RetiredItems::retire(ModelItem& mount, std::unique_ptr<Item
     mount.itemRemoved(*gone);
     gone->modelIndex_ = QPersistentModelIndex();
     gone->data_.clear();
+    gone->isRetired_ = true;
     retired_.push_back(std::move(gone));
 }
 
@@ -32,6 +33,7 @@ std::unique_ptr<CompositeModel::ModelIndexItem> CompositeModel::RetiredItems::ma
         return std::make_unique<ModelIndexItem>(modelIndex);
     std::unique_ptr<ModelIndexItem> item = std::move(spare_.back());
     spare_.pop_back();
+    item->isRetired_ = false;
     item->parent_ = nullptr;
     item->children_.clear();
     item->data_.clear();

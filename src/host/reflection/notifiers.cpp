@@ -7,36 +7,6 @@
 
 namespace zarn {
 
-namespace {
-
-PropertyData* dataOf(const BoundProperty& property)
-{
-    const ObjectData* object = property.isValid() ? property.object().data().get() : nullptr;
-    return object ? object->findPropertyData(*property.metaProperty()) : nullptr;
-}
-
-} // namespace
-
-NotifyScope NotifyScope::beginPropertyChange(const BoundProperty& property, ryk::Flags<SetterFlag> setterFlags,
-                                             ryk::Flags<NotifyFlag> notifyFlags)
-{
-    return {property, dataOf(property), setterFlags, notifyFlags};
-}
-
-NotifyScope NotifyScope::beginPropertyChange(const BoundProperty& property, PropertyData* data,
-                                             ryk::Flags<SetterFlag> setterFlags, ryk::Flags<NotifyFlag> notifyFlags)
-{
-    return {property, data, setterFlags, notifyFlags};
-}
-
-NotifyScope::NotifyScope(const BoundProperty& property, PropertyData* data, ryk::Flags<SetterFlag> setterFlags,
-                         ryk::Flags<NotifyFlag> notifyFlags)
-    : m_property(property), m_data(data), m_setterFlags(setterFlags), m_notifyFlags(notifyFlags)
-{
-    if (m_data && m_data->m_openChanges++ == 0)
-        m_data->aboutToBeChanged(m_property, setterFlags, notifyFlags);
-}
-
 NotifyScope::NotifyScope(NotifyScope&& other) noexcept
     : m_property(std::move(other.m_property))
     , m_data(std::exchange(other.m_data, nullptr))

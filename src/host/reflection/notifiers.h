@@ -16,10 +16,16 @@ class DATAMODELS_HOST_API NotifyScope
 {
 public:
     static NotifyScope beginPropertyChange(const BoundProperty& property, ryk::Flags<SetterFlag> setterFlags,
-                                           ryk::Flags<NotifyFlag> notifyFlags);
+                                           ryk::Flags<NotifyFlag> notifyFlags)
+    {
+        return {property, dataOf(property), setterFlags, notifyFlags};
+    }
     /// The same by data that has been looked up before.
     static NotifyScope beginPropertyChange(const BoundProperty& property, PropertyData* data,
-                                           ryk::Flags<SetterFlag> setterFlags, ryk::Flags<NotifyFlag> notifyFlags);
+                                           ryk::Flags<SetterFlag> setterFlags, ryk::Flags<NotifyFlag> notifyFlags)
+    {
+        return {property, data, setterFlags, notifyFlags};
+    }
 
     NotifyScope(NotifyScope&& other) noexcept;
     NotifyScope& operator=(NotifyScope&&) = delete;
@@ -34,7 +40,17 @@ public:
 
 private:
     NotifyScope(const BoundProperty& property, PropertyData* data, ryk::Flags<SetterFlag> setterFlags,
-                ryk::Flags<NotifyFlag> notifyFlags);
+                ryk::Flags<NotifyFlag> notifyFlags)
+        : m_property(property), m_data(data), m_setterFlags(setterFlags), m_notifyFlags(notifyFlags)
+    {
+        if (m_data && m_data->m_openChanges++ == 0)
+            m_data->aboutToBeChanged(m_property, setterFlags, notifyFlags);
+    }
+    static PropertyData* dataOf(const BoundProperty& property)
+    {
+        const ObjectData* object = property.isValid() ? property.object().data().get() : nullptr;
+        return object ? object->findPropertyData(*property.metaProperty()) : nullptr;
+    }
 
     BoundProperty m_property;
     PropertyData* m_data; // null where nobody listens

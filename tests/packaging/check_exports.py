@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Checks that a shared library shows nothing but what its headers export.
 
-    check_exports.py NM LIBRARY HEADERS
+    check_exports.py NM LIBRARY HEADERS...
 
 Prints the symbols that belong to no class, function or variable marked with an export macro in the headers below
-HEADERS, and ends with 1 if there is any; with 2 if the library shows no symbol at all.
+HEADERS, and ends with 1 if there is any; with 2 if the library shows no symbol at all. The headers of a library below
+count too, since who asks for the type of one of its classes holds a weak copy.
 """
 import re
 import subprocess
@@ -15,7 +16,7 @@ CLASS = re.compile(r"(?:class|struct)\s+\w+_API\s+(?:\w+::)*(\w+)")
 FUNCTION_OR_VARIABLE = re.compile(r"^\s*(?:\[\[\w+\]\]\s*)?\w+_API\s[^;({]*?(\w+)\s*[;({]", re.MULTILINE)
 # Strong symbols and virtual tables: inline functions of the standard library and of Qt are weak.
 SYMBOL = re.compile(r"^[0-9a-f]+ [TBDRV] (.+)$", re.MULTILINE)
-PREFIX = re.compile(r"^(vtable|typeinfo|typeinfo name|VTT|construction vtable|guard variable) for ")
+PREFIX = re.compile(r"^((vtable|typeinfo|typeinfo name|VTT|construction vtable|guard variable) for|(non-)?virtual thunk to) ")
 # Belong to no class: every object that asks for them holds a weak copy.
 TYPE_OF_POINTER_OR_FUNCTION = re.compile(r"^typeinfo (name )?for .*[*)]( const&?)?$")
 # The linker's own and the sanitizers'.
@@ -52,13 +53,13 @@ def strays(nm_output, headers):
     return sorted({symbol for symbol in symbols(nm_output) if not owners(symbol) & exported})
 
 
-def main(nm, library, headers):
+def main(nm, library, *folders):
     output = subprocess.run([nm, "--dynamic", "--demangle", "--defined-only", library], check=True, text=True,
                             capture_output=True).stdout
     if not any(symbols(output)):
         print(f"{library} shows nothing")
         return 2
-    found = strays(output, [path.read_text() for path in Path(headers).rglob("*.h")])
+    found = strays(output, [path.read_text() for folder in folders for path in Path(folder).rglob("*.h")])
     print("\n".join(found) if found else "nothing but what is exported")
     return 1 if found else 0
 

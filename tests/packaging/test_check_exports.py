@@ -22,6 +22,10 @@ class ExportsTest(unittest.TestCase):
                                     "T editor::Model::Node::row() const", "B Profiler::g_hooks",
                                     "T instances::get(char const*)", "T Model::name[abi:cxx11]()"))
 
+    def test_thunks_belong_to_their_classes(self):
+        self.assertEqual(["Hidden::~Hidden()"],
+                         strays("T non-virtual thunk to editor::Model::data()", "T virtual thunk to Hidden::~Hidden()"))
+
     def test_a_class_without_the_macro_is_found(self):
         self.assertEqual(["Detail::Hidden::run()", "editor::Hidden"],
                          strays("T Detail::Hidden::run()", "V typeinfo for editor::Hidden", "T Model::data()"))

@@ -67,7 +67,8 @@ std::vector<int> mixed(int rows, int kinds)
 {
     unsigned seed = 7;
     std::vector<int> result(static_cast<std::size_t>(rows));
-    std::generate(result.begin(), result.end(), [&] { return static_cast<int>(nextRandom(seed) % static_cast<unsigned>(kinds)); });
+    for (int& kind : result)
+        kind = static_cast<int>(nextRandom(seed) % static_cast<unsigned>(kinds));
     return result;
 }
 
@@ -284,7 +285,8 @@ void compareGroupsThatGo()
     Comparison("20 times the first of some 1000 groups goes and comes back at the end")
         .add("hash tables, positions written for each later member, 100 each, no notification",
              [kinds] {
-                 auto parts = over(kinds(100), [](const Kinds& source) { return std::make_shared<PlainTables>(source); });
+                 auto parts = over(kinds(100),
+                                   [](const Kinds& source) { return std::make_shared<PlainTables>(source); });
                  return [parts] {
                      for (int i = 0; i < leavingGroups; ++i)
                          parts.second->moveFirstGroupToTheEnd();

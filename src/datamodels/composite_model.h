@@ -16,23 +16,24 @@ struct ModelScopes;
 /// the last of them the mount, below which the model's own rows stand.
 ///
 /// Roles are one space, told apart by name: user roles of the same name in several models are one role, numbered from
-/// `Qt::UserRole` on; lower roles keep their numbers. A role that a model has not is answered by values set on the row.
+/// `Qt::UserRole` on; lower roles keep their numbers. A role that a model has not is answered by values set on the
+/// row.
 /// Intended: path and mount rows show no text unless a derived class registers roles for the composite itself, by
 /// `mapRoles(this, ...)`. Without a mount there are no role names at all.
 ///
-/// Nothing is copied: counts and values are read from the models, and only rows that somebody has asked for are known.
-/// Signals of a model are told for the rows below which something is known. A reset of a model is the removal of all rows
-/// of its mount and the insertion of the new ones. Roles in a `dataChanged` are the model's own numbers.
-/// Intended: a removal forgets one known row less than it removes, so that what stays shown behind it is shifted by one
-/// row. A mount is announced under an index that is not its parent's usual one: a sort-filter proxy that is on top
-/// already does not see it. So mount first, then stack proxies and connect views. A layout change for no parents in
-/// particular leaves the known rows where they were; a model with such changes is not for mounting.
+/// Nothing is copied: counts and values are read from the models, and only rows that somebody has asked for are
+/// known. Signals of a model are told for the rows below which something is known. A reset of a model is the removal
+/// of all rows of its mount and the insertion of the new ones. Roles in a `dataChanged` are the model's own numbers.
+/// Intended: a removal forgets one known row less than it removes, so that what stays shown behind it is shifted by
+/// one row. A mount is announced under an index that is not its parent's usual one: a sort-filter proxy that is on
+/// top already does not see it. So mount first, then stack proxies and connect views. A layout change for no parents
+/// in particular leaves the known rows where they were; a model with such changes is not for mounting.
 ///
-/// The composite shares its models, and cannot unmount one. A model that dies all the same has no rows. Models must emit
-/// on the thread of the GUI. Indexes of other models have no rows and no values.
+/// The composite shares its models, and cannot unmount one. A model that dies all the same has no rows. Models must
+/// emit on the thread of the GUI. Indexes of other models have no rows and no values.
 ///
-/// Cost: a known row takes some 200 bytes and keeps a persistent index of its model. Its place is remembered, and counted
-/// anew after rows have moved. A change told for a range costs each of its rows once.
+/// Cost: a known row takes some 200 bytes and keeps a persistent index of its model. Its place is remembered, and
+/// counted anew after rows have moved. A change told for a range costs each of its rows once.
 class DATAMODELS_API CompositeModel : public QAbstractItemModel
 {
     Q_OBJECT
@@ -47,14 +48,14 @@ public:
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    /// Intended: always succeeds, but for an index of another model. What the row's model refuses is kept on the row, where
-    /// the model's own valid values stand before it; a change of these is told without roles.
+    /// Intended: always succeeds, but for an index of another model. What the row's model refuses is kept on the row,
+    /// where the model's own valid values stand before it; a change of these is told without roles.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
     QHash<int, QByteArray> roleNames() const override;
 
-    /// Mounts a model under a path of segments with slashes between; several slashes count as one, leading ones not. Rows
-    /// for all segments but the last are shared with earlier mounts, the mount is always a new row. A path without a last
-    /// segment mounts nothing and fails an assertion, as does a null model.
+    /// Mounts a model under a path of segments with slashes between; several slashes count as one, leading ones not.
+    /// Rows for all segments but the last are shared with earlier mounts, the mount is always a new row. A path
+    /// without a last segment mounts nothing and fails an assertion, as does a null model.
     void addSubmodel(const std::string& path, std::shared_ptr<QAbstractItemModel> model);
     /// The role for a role of the model behind an index, or -1.
     int mapRoleFromSorce(QModelIndex index, int sourceRole) const;

@@ -7,9 +7,9 @@
 
 /// The row under which a model is mounted, and the way from the model's indexes to the known rows below it.
 ///
-/// As long as slots stand at the rows of the model, the way is down the slots. A removal, a move or an unspecific layout
-/// change ends that, and several items may be for one row from then on: a hash table is used, and of several the first
-/// in the order of the tree is taken.
+/// As long as slots stand at the rows of the model, the way is down the slots. A removal, a move or an unspecific
+/// layout change ends that, and several items may be for one row from then on: a hash table is used, and of several
+/// the first in the order of the tree is taken.
 class CompositeModel::ModelItem : public PathItem
 {
 public:

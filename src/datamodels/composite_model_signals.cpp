@@ -10,8 +10,8 @@
 #include <algorithm>
 #include <utility>
 
-// What a mounted model says, in terms of the composite. The first signal of a pair opens a bracket, the second closes it;
-// the mount remembers which, since in between more may become known.
+// What a mounted model says, in terms of the composite. The first signal of a pair opens a bracket, the second closes
+// it; the mount remembers which, since in between more may become known.
 
 void CompositeModel::listenModelItem(ModelItem* item)
 {
@@ -93,6 +93,7 @@ void CompositeModel::onRowsAboutToBeMoved(ModelItem* item, const QModelIndex& so
 
     if (source)
         removeItems(*item, *source, first, last);
+    // Intended: within one parent the row is not adjusted to what has just left.
     if (dest)
         dest->insertChildren(destRow, count);
     openBracket(*item, bracket);
@@ -166,6 +167,7 @@ void CompositeModel::onLayoutAboutToBeChanged(ModelItem* item, const Parents& pa
         dropChildren(*item, *target);
         target->insertChildren(0, slotCount);
     }
+    // Intended: without parents nothing is forgotten, though rows change their places.
     if (parents.isEmpty())
         item->misalign();
     item->changeBegins(false);
@@ -219,6 +221,7 @@ void CompositeModel::onDataChanged(ModelItem* item, const QModelIndex& topLeft, 
     Item* first = nullptr;
     Item* last = nullptr;
     const auto finishRun = [&] {
+        // Intended: the roles are the model's own numbers.
         if (Item* begin = std::exchange(first, nullptr))
             Q_EMIT dataChanged(indexOf(*begin), indexOf(*last), roles);
     };
@@ -254,8 +257,9 @@ void CompositeModel::dropChildren(ModelItem& mount, Item& parent)
     invalidateRetiredIndexes();
 }
 
-/// Qt moves persistent indexes along directly below a parent whose rows change, and by their rows, which after removals
-/// are not always those of the items. Whichever still has an item that is gone must not get the next one that it becomes.
+/// Qt moves persistent indexes along directly below a parent whose rows change, and by their rows, which after
+/// removals are not always those of the items. Whichever still has an item that is gone must not get the next one
+/// that it becomes.
 void CompositeModel::invalidateRetiredIndexes()
 {
     const QModelIndexList indexes = persistentIndexList();

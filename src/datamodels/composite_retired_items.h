@@ -2,8 +2,8 @@
 
 #include <datamodels/composite_item.h>
 
-/// Items whose rows have gone. Indexes from before hold their addresses, and whoever still keeps one may ask about it: so
-/// they are not destroyed, but serve for other rows later, at the earliest when the next rows have gone.
+/// Items whose rows have gone. Indexes from before hold their addresses, and whoever still keeps one may ask about
+/// it: so they are not destroyed, but serve for other rows later, at the earliest when the next rows have gone.
 class CompositeModel::RetiredItems
 {
 public:

@@ -163,7 +163,8 @@ private Q_SLOTS:
         composite.mount("a/m", {});
         composite.mount("b", {});
         QModelIndexList parents;
-        connect(&composite, &QAbstractItemModel::rowsInserted, this, [&](const QModelIndex& parent) { parents << parent; });
+        connect(&composite, &QAbstractItemModel::rowsInserted, this,
+                [&](const QModelIndex& parent) { parents << parent; });
         LogCapture log;
 
         composite.mount("c", {});
@@ -229,6 +230,16 @@ private Q_SLOTS:
         QVERIFY(!composite.index(2, 0, composite.index(0, 0)).isValid());
         QVERIFY(!composite.index(0, 1, composite.index(0, 0)).isValid());
         QVERIFY(!composite.index(1, 0).isValid());
+    }
+
+    void thereAreNoRowsBehindThoseOfAPath()
+    {
+        TitledComposite composite;
+        composite.mount("a/m", {});
+
+        QCOMPARE(composite.rowCount(indexAt(composite, "/0")), 1);
+        QVERIFY(!composite.index(1, 0, indexAt(composite, "/0")).isValid());
+        QVERIFY(!composite.index(0, 0, indexAt(composite, "/0/0")).isValid());
     }
 
     void countsAreTheModelsOwn()
@@ -319,7 +330,8 @@ private Q_SLOTS:
         TitledComposite composite;
         composite.mount("m", {"oak"});
 
-        QCOMPARE(composite.mapRoleFromSorce(indexAt(composite, "/0/0"), ScriptedTree::KindRole), composite.role("kind"));
+        QCOMPARE(composite.mapRoleFromSorce(indexAt(composite, "/0/0"), ScriptedTree::KindRole),
+                 composite.role("kind"));
         QCOMPARE(composite.mapRoleFromSorce(indexAt(composite, "/0/0"), 9999), -1);
         QCOMPARE(composite.mapRoleFromSorce(indexAt(composite, "/0"), Qt::DisplayRole), int(Qt::DisplayRole));
         QCOMPARE(composite.mapRoleFromSorce(QModelIndex(), ScriptedTree::KindRole), -1);
@@ -380,6 +392,16 @@ private Q_SLOTS:
 
         QCOMPARE(log.take(), QStringList{"changed /0"});
         QCOMPARE(composite.index(0, 0).data(), QVariant("mount"));
+    }
+
+    void aValueOfAMountIsNotReadWithoutARoleOfTheCompositeItself()
+    {
+        CompositeModel composite;
+        composite.addSubmodel("m", std::make_shared<ScriptedTree>());
+
+        QVERIFY(composite.setData(composite.index(0, 0), "mount", Qt::DisplayRole));
+
+        QCOMPARE(composite.index(0, 0).data(), QVariant());
     }
 
     void aValueOfTheRootIsToldOfTheInvalidIndex()

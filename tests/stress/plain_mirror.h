@@ -7,8 +7,8 @@
 #include <memory>
 #include <vector>
 
-/// What a `CompositeModel` is to know and to tell of one model mounted at its first row, written down in the plainest way:
-/// items are searched depth first, rows by counting.
+/// What a `CompositeModel` is to know and to tell of one model mounted at its first row, written down in the plainest
+/// way: items are searched depth first, rows by counting.
 class PlainMirror
 {
 public:
@@ -55,7 +55,7 @@ private:
     QAbstractItemModel& m_model;
     Item m_mount;
     QStringList m_lines;
-    std::vector<std::function<QString()>> m_closing; // what will be told when the change has happened; empty for nothing
+    std::vector<std::function<QString()>> m_closing; // what is told when the change has happened; may be empty
     // An insertion that is told after the next closing; its parent is still known then, or nothing is told.
     Item* m_afterwards = nullptr;
     int m_rowAfterwards = 0;

@@ -125,8 +125,8 @@ void GroupByProxyModel::setGroupProperty(int role, const QVariant& value)
     m_groupProperties.try_emplace(role, value);
 }
 
-/// The group of an index, with the row of a member in it or -1 for the group row; null for an index that is not ours or
-/// whose group has gone.
+/// The group of an index, with the row of a member in it or -1 for the group row; null for an index that is not ours
+/// or whose group has gone.
 std::pair<Group*, int> GroupByProxyModel::fromIndex(const QModelIndex& index) const
 {
     Group* group = index.model() == this ? m_groups->groupOfId(index.internalId()) : nullptr;
@@ -202,7 +202,8 @@ void GroupByProxyModel::populate()
     if (!source || (m_rootIndex.isValid() && m_rootIndex.model() != source))
         return;
 
-    // First all persistent indexes, so that they lie together in memory: the source goes through them when its rows move.
+    // First all persistent indexes, so that they lie together in memory: the source goes through them when its rows
+    // move.
     std::vector<QPersistentModelIndex> members;
     const int rows = source->rowCount(m_rootIndex);
     members.reserve(static_cast<std::size_t>(rows));

@@ -21,28 +21,29 @@ struct Group;
 /// Shows the children of one source index in groups: a row for each text that a role has among them, "empty" for none,
 /// with the source rows of that text as its children.
 ///
-/// A group row answers `Qt::DisplayRole` with the text, `Qt::DecorationRole` with its icon, `SceneRoles::Count` with the
-/// number of members as an unsigned 64-bit value, and a shared role with the value that all members have, if they have
-/// one. For all else it is the invalid source index: its flags are those of the source's root, and it cannot be set. A
-/// member answers as its source row. There is one column.
+/// A group row answers `Qt::DisplayRole` with the text, `Qt::DecorationRole` with its icon, `SceneRoles::Count` with
+/// the number of members as an unsigned 64-bit value, and a shared role with the value that all members have, if they
+/// have one. For all else it is the invalid source index: its flags are those of the source's root, and it cannot be
+/// set. A member answers as its source row. There is one column.
 ///
 /// Groups stand in the order in which they were first seen, members in that of the source; what comes later stands at
 /// the end. A proxy on top may sort.
 ///
 /// Signals: the source's insertions, removals and changes are followed row by row. Inserted rows: new groups with all
 /// their members in one insertion, then for each older group an insertion of members and a `dataChanged` of the group
-/// row for the count and the shared roles that were asked for. Removed rows: groups that go, one by one, then for each
-/// other group its members one by one and the same `dataChanged`. Changed rows: the change as the source told it, then
-/// one of each group row; if a row has got another text, the whole reported range leaves its groups and joins again.
-/// Intended: a change that spans groups is forwarded with ends of two parents, and one in another column than the first
-/// with invalid ends; a sort-filter proxy on top looks at the group of the first end only, unless rows are told one by
-/// one. A `layoutChanged` comes without announcement, after which persistent indexes are invalid.
+/// row for the count and the shared roles that were asked for. Removed rows: groups that go, one by one, then for
+/// each other group its members one by one and the same `dataChanged`. Changed rows: the change as the source told
+/// it, then one of each group row; if a row has got another text, the whole reported range leaves its groups and
+/// joins again.
+/// Intended: a change that spans groups is forwarded with ends of two parents, and one in another column than the
+/// first with invalid ends; a sort-filter proxy on top looks at the group of the first end only, unless rows are told
+/// one by one. A `layoutChanged` comes without announcement, after which persistent indexes are invalid.
 ///
 /// Moved rows and columns, and inserted columns, are reported as messages and not followed.
 ///
 /// The proxy does not own its source. After a source has died the groups stay, with members that have no values. When
-/// the root index goes, its removal leaves the proxy with the source's top level as its root, of which it learns what
-/// comes from then on. Indexes of other models map to nothing; a root index of another model has no rows.
+/// the row of the root index goes, the source's top level takes its place: what comes there from then on is grouped.
+/// Indexes of other models map to nothing; a root index of another model has no rows.
 ///
 /// Cost: filling asks each row for its text once. Mapping takes constant time. Each member keeps a persistent index of
 /// the source alive, which the source pays for when it inserts or removes rows ahead of it. A removed group costs its

@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <set>
 
-// How the proxy follows its source. Whoever hears a notification may read the model, or even change it: a group is looked
-// up again after each.
+// How the proxy follows its source. Whoever hears a notification may read the model, or even change it: a group is
+// looked up again after each.
 
 namespace qelm::datamodels::proxy {
 namespace {
@@ -106,8 +106,8 @@ void GroupByProxyModel::onItemsAboutToBeRemoved(const QModelIndex& parent, int f
         return;
     std::vector<Batch> leaving = batchesOf(parent, first, last, useCurrentGroup);
     for (const Batch& batch : leaving) {
-        // Intended: rows whose text has changed unsaid to one without a group are taken for members of the first group,
-        // which has that name from then on.
+        // Intended: rows whose text has changed unsaid to one without a group are taken for members of the first
+        // group, which has that name from then on.
         if (!m_groups->find(batch.name))
             m_groups->nameFirst(batch.name);
     }

@@ -13,13 +13,13 @@ namespace qelm::datamodels::proxy {
 
 /// The groups of a `GroupByProxyModel` with their members; tables only, nobody is told of a change.
 ///
-/// A member is known by a persistent index, so that nothing changes here when the source inserts or removes other rows.
-/// It names its group by a slot that the group keeps for life: when a group goes, only the positions of the later groups
-/// change, not their members. It knows its row to within a few, and is searched for there; a group whose rows have become
-/// too uncertain by removals is counted anew. So lookups take constant time.
+/// A member is known by a persistent index, so that nothing changes here when the source inserts or removes other
+/// rows. It names its group by a slot that the group keeps for life: when a group goes, only the positions of the
+/// later groups change, not their members. It knows its row to within a few, and is searched for there; a group whose
+/// rows have become too uncertain by removals is counted anew. So lookups take constant time.
 ///
-/// Model indexes carry the number of a slot, never a pointer. A stale one finds nothing; once the slot has been given to
-/// another group, which does not happen before all have heard of the removal, it finds that.
+/// Model indexes carry the number of a slot, never a pointer. A stale one finds nothing; once the slot has been given
+/// to another group, which does not happen before all have heard of the removal, it finds that.
 class GroupTable
 {
 public:

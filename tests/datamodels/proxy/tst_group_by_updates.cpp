@@ -248,7 +248,8 @@ private Q_SLOTS:
 
     void groupsThatGoComeBeforeThoseThatShrink()
     {
-        ScriptedTree source({"elm | kind=tree", "box | kind=bush", "moss | kind=herb", "fern | kind=herb", "oak | kind=tree"});
+        ScriptedTree source({"elm | kind=tree", "box | kind=bush", "moss | kind=herb", "fern | kind=herb",
+                             "oak | kind=tree"});
         const KindGroups proxy(source);
         SignalLog log(proxy);
 
@@ -722,7 +723,8 @@ private Q_SLOTS:
         source.remove({}, 0);
         source.changeSecretly("moss", "tree");
         source.changeSecretly("fern", "tree");
-        QCOMPARE(treeLines(proxy), (QStringList{"tree", "  (invalid)", "  (invalid)", "  fir", "herb", "  moss", "  fern"}));
+        QCOMPARE(treeLines(proxy),
+                 (QStringList{"tree", "  (invalid)", "  (invalid)", "  fir", "herb", "  moss", "  fern"}));
 
         source.remove({}, 0, 3);
 

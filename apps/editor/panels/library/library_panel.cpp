@@ -23,12 +23,13 @@ LibraryPanel::LibraryPanel(const PanelContext& context)
         Q_EMIT needlesChanged();
     });
     connect(&m_filter, &BaseFilterProxyModel::sortingChanged, this, &LibraryPanel::sortingChanged);
-    for (const QAbstractItemModel* model :
-         {static_cast<QAbstractItemModel*>(&m_assets), static_cast<QAbstractItemModel*>(&m_filter)}) {
-        connect(model, &QAbstractItemModel::rowsInserted, this, &LibraryPanel::queueStatus);
-        connect(model, &QAbstractItemModel::rowsRemoved, this, &LibraryPanel::queueStatus);
-        connect(model, &QAbstractItemModel::modelReset, this, &LibraryPanel::queueStatus);
-    }
+    m_shownGroups.setMode(ModelElementsCounter::RootChildren);
+    m_shownGroups.setModel(&m_filter);
+    m_shown.setModel(&m_filter);
+    for (ModelElementsCounter* counter : {&m_shownGroups, &m_shown})
+        connect(counter, &ModelElementsCounter::valueChanged, this, &LibraryPanel::queueStatus);
+    connect(&m_assets, &QAbstractItemModel::rowsInserted, this, &LibraryPanel::queueStatus);
+    connect(&m_assets, &QAbstractItemModel::rowsRemoved, this, &LibraryPanel::queueStatus);
 }
 
 LibraryPanel::~LibraryPanel() = default;
@@ -36,8 +37,9 @@ LibraryPanel::~LibraryPanel() = default;
 QString LibraryPanel::status() const
 {
     const QString all = counted(m_assets.rowCount(), "asset", "assets");
-    const QString text = isFiltered() ? QStringLiteral("%1 of %2").arg(shownAssets()).arg(all) : all;
-    return text + QStringLiteral(" in ") + counted(m_filter.rowCount(), "group", "groups");
+    const int shown = m_shown.value() - m_shownGroups.value();
+    const QString text = isFiltered() ? QStringLiteral("%1 of %2").arg(shown).arg(all) : all;
+    return text + QStringLiteral(" in ") + counted(m_shownGroups.value(), "group", "groups");
 }
 
 QStringList LibraryPanel::needles() const
@@ -67,14 +69,6 @@ QString LibraryPanel::emptyReason() const
         return QStringLiteral("There are no assets in\n%1").arg(m_assets.directory());
     return QStringLiteral("None of the %1 has these words")
         .arg(counted(m_assets.rowCount(), "asset", "assets"));
-}
-
-int LibraryPanel::shownAssets() const
-{
-    int count = 0;
-    for (int row = 0; row < m_filter.rowCount(); ++row)
-        count += m_filter.rowCount(m_filter.index(row, 0));
-    return count;
 }
 
 // What happens on the disk, or to the filter, comes as many notifications.

@@ -5,6 +5,7 @@
 #include "library_groups.h"
 #include "panels/panel_table.h"
 
+#include <datamodels/helpers/model_elements_counter.h>
 #include <datamodels/proxy/filter_proxy_model.h>
 #include <datamodels/proxy/predicates/tokens_predicate.h>
 
@@ -45,7 +46,7 @@ public:
     /// Sorts by a role, or turns the order round if it is that role already.
     Q_INVOKABLE void sortOrTurn(const QString& roleName);
 
-    bool isEmpty() const { return m_filter.rowCount() == 0; }
+    bool isEmpty() const { return m_shownGroups.value() == 0; }
     QString emptyReason() const;
     /// Looks at the disk now.
     Q_INVOKABLE void reload() { m_assets.synchronise(); }
@@ -56,7 +57,6 @@ Q_SIGNALS:
 
 private:
     bool isFiltered() const { return !needles().isEmpty(); }
-    int shownAssets() const;
     void queueStatus();
 
     AssetListModel m_assets;
@@ -65,6 +65,8 @@ private:
     qelm::datamodels::proxy::FilterProxyModel m_filter;
     TreeRows m_rows;
     TreeCursor m_cursor;
+    ModelElementsCounter m_shownGroups;
+    ModelElementsCounter m_shown; // groups and assets
     bool m_isStatusQueued = false;
 };
 

@@ -3,28 +3,14 @@
 #include <QMetaObject>
 
 namespace editor {
-namespace {
-
-int countRows(const QAbstractItemModel& model, const QModelIndex& parent)
-{
-    const int rows = model.rowCount(parent);
-    int count = rows;
-    for (int row = 0; row < rows; ++row)
-        count += countRows(model, model.index(row, 0, parent));
-    return count;
-}
-
-} // namespace
-
 ProjectPanel::ProjectPanel(const PanelContext& context)
     : m_directory(context.content), m_rows(ProjectNode::PathRole), m_cursor(m_rows), m_kinds(m_tree)
 {
     m_filter.setSourceModel(&m_tree);
     m_rows.setSourceModel(&m_filter);
     connect(&m_filter, &ProjectFilter::activeChanged, this, [this] { m_cursor.followFilter(m_filter.isActive()); });
-    connect(&m_filter, &QAbstractItemModel::rowsInserted, this, &ProjectPanel::queueStatus);
-    connect(&m_filter, &QAbstractItemModel::rowsRemoved, this, &ProjectPanel::queueStatus);
-    connect(&m_filter, &QAbstractItemModel::modelReset, this, &ProjectPanel::queueStatus);
+    m_shown.setModel(&m_filter);
+    connect(&m_shown, &ModelElementsCounter::valueChanged, this, &ProjectPanel::queueStatus);
     connect(&m_cursor, &TreeCursor::rowChanged, this, &ProjectPanel::showCurrent);
     reload();
 }
@@ -36,13 +22,6 @@ QString ProjectPanel::status() const
     if (!m_filter.isActive())
         return QStringLiteral("%1 rows").arg(totalRows());
     return QStringLiteral("%1 of %2 rows").arg(shownRows()).arg(totalRows());
-}
-
-int ProjectPanel::shownRows() const
-{
-    if (m_shownRows < 0)
-        m_shownRows = countRows(m_filter, {});
-    return m_shownRows;
 }
 
 QString ProjectPanel::emptyReason() const
@@ -65,10 +44,9 @@ void ProjectPanel::showCurrent()
     m_details.show(static_cast<const ProjectNode*>(m_tree.nodeFromIndex(index, false)), m_directory);
 }
 
-// A change of the filter comes as many notifications; they are counted and told once.
+// A change of the filter comes as many notifications; they are told once.
 void ProjectPanel::queueStatus()
 {
-    m_shownRows = -1;
     if (m_isStatusQueued)
         return;
     m_isStatusQueued = true;

@@ -7,6 +7,8 @@
 #include "project_filter.h"
 #include "project_tree_model.h"
 
+#include <datamodels/helpers/model_elements_counter.h>
+
 namespace editor {
 
 /// The panel "Project": the files of the project as a tree, filtered and sorted, with details of the current one.
@@ -37,7 +39,7 @@ public:
     ProjectDetails* details() { return &m_details; }
 
     /// Rows that the filter leaves, in open branches and closed ones.
-    int shownRows() const;
+    int shownRows() const { return m_shown.value(); }
     int totalRows() const { return m_tree.totalCount(); }
     bool isEmpty() const { return shownRows() == 0; }
     /// What to tell instead of rows when there are none.
@@ -58,7 +60,7 @@ private:
     TreeCursor m_cursor;
     KindListModel m_kinds;
     ProjectDetails m_details;
-    mutable int m_shownRows = -1; // -1: to be counted
+    ModelElementsCounter m_shown;
     bool m_isStatusQueued = false;
 };
 

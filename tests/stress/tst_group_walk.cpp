@@ -125,6 +125,8 @@ QString faultAfterStep(RandomWalk& walk, const ScriptedTree& source, const Group
 
 // Moves are not followed.
 constexpr RandomWalk::Settings everyChangeButMoves{6, 5, 0, 8, 2, 1, true, true};
+// Groups grow old.
+constexpr RandomWalk::Settings rowsAndValues{6, 5, 0, 8, 0, 0, true, true};
 
 } // namespace
 
@@ -137,16 +139,19 @@ private Q_SLOTS:
     void theGroupsStayAsIfFilledAnew_data()
     {
         QTest::addColumn<int>("role");
-        QTest::newRow("by kind") << int(ScriptedTree::KindRole);
-        QTest::newRow("by size") << int(ScriptedTree::SizeRole);
-        QTest::newRow("by text") << int(Qt::DisplayRole);
+        QTest::addColumn<bool>("isFilledAnewAtTimes");
+        QTest::newRow("by kind") << int(ScriptedTree::KindRole) << true;
+        QTest::newRow("by size") << int(ScriptedTree::SizeRole) << true;
+        QTest::newRow("by text") << int(Qt::DisplayRole) << true;
+        QTest::newRow("by kind, never filled anew") << int(ScriptedTree::KindRole) << false;
     }
 
     void theGroupsStayAsIfFilledAnew()
     {
         QFETCH(int, role);
+        QFETCH(bool, isFilledAnewAtTimes);
         ScriptedTree source({"oak | kind=tree | size=1", "elm | kind=tree | size=1", "moss | kind=herb | size=2"});
-        RandomWalk walk(source, 26, everyChangeButMoves);
+        RandomWalk walk(source, 26, isFilledAnewAtTimes ? everyChangeButMoves : rowsAndValues);
         const std::unique_ptr<GroupByProxyModel> proxy = grouped(source, role);
         const TreeMirror mirror(*proxy, idRole);
 

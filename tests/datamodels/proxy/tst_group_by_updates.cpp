@@ -127,6 +127,19 @@ private Q_SLOTS:
                  (QStringList{"inserting /0 [1..1]", "inserted /0 [1..1]", "changed /0 roles 357,259,258"}));
     }
 
+    void rolesThatWereNotSharedWhenTheyWereAskedForAreNotTold()
+    {
+        ScriptedTree source({"oak | kind=tree | size=3"});
+        KindGroups proxy(source);
+        proxy.index(0, 0).data(ScriptedTree::SizeRole);
+        proxy.setSharedRoles({ScriptedTree::SizeRole});
+        SignalLog log(proxy);
+
+        source.insert({}, 1, {"elm | kind=tree"});
+
+        QCOMPARE(log.take(), (QStringList{"inserting /0 [1..1]", "inserted /0 [1..1]", "changed /0 roles 357"}));
+    }
+
     void newGroupsComeBeforeThoseThatGrow()
     {
         ScriptedTree source({"oak | kind=tree", "moss | kind=herb"});

@@ -96,7 +96,12 @@ BoundProperty ReflectedObject::findPropertyByName(Ozy::BasicStringRef<char> name
     if (std::shared_ptr<MetaProperty> own = m_metaObject->findCommonProperty(name))
         return {*this, std::move(own)};
     const int index = m_metaObject->indexOfProperty(*this, qelm::Variant(std::string(name)));
-    return index < 0 ? BoundProperty() : propertyAt(static_cast<std::size_t>(index));
+    if (index >= 0)
+        return propertyAt(static_cast<std::size_t>(index));
+    const std::size_t dot = name.find('.');
+    if (dot == name.npos)
+        return {};
+    return ReflectedObject(findPropertyByName(name.substr(0, dot))).findPropertyByName(name.substr(dot + 1));
 }
 
 BoundProperty ReflectedObject::addProperty(const qelm::Variant& key, const qelm::Variant& value) const

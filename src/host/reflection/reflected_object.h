@@ -67,7 +67,8 @@ public:
     std::size_t propertyCount() const;
     /// Invalid for an index past the end.
     BoundProperty propertyAt(std::size_t index) const;
-    /// Invalid if there is none of that name. One look-up in a hash table.
+    /// Invalid if there is none of that name. One look-up in a hash table. A name that is none of the object's own may be a
+    /// path, "position.x" or "children.3.name", which is followed through the objects on the way.
     BoundProperty findPropertyByName(Ozy::BasicStringRef<char> name) const;
     /// For collections and generic objects; invalid if the class refuses.
     BoundProperty addProperty(const qelm::Variant& key, const qelm::Variant& value) const;

@@ -10,7 +10,8 @@ namespace zarn {
 enum class SetterFlag : std::uint32_t
 {
     None = 0,
-    Undo = 1, ///< by undo or redo
+    Unseen = 1, ///< by who shows the change himself: rows of the outliner do not follow it
+    Undo = 2,   ///< by undo or redo
 };
 
 /// What a change notification is about. A plain `set` tells `Value`; an element of a collection that comes to stand at

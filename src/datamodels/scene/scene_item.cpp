@@ -1,0 +1,281 @@
+#include <datamodels/scene/scene_item.h>
+
+#include <datamodels/scene/scene_item_buttons_model.h>
+#include <datamodels/scene/scene_item_object.h>
+#include <datamodels/scene_item_model.h>
+#include <datamodels/scene_roles.h>
+#include <host/reflection/meta.h>
+#include <host/variant/variant_converter.h>
+
+#include <algorithm>
+
+namespace {
+
+template <class T>
+T read(const zarn::ReflectedObject& object, const char* name, T fallback)
+{
+    return qelm::VariantConverter::convertTo<T>(object.findPropertyByName(name).get()).value_or(std::move(fallback));
+}
+
+QString readText(const zarn::ReflectedObject& object, const char* name, const char* fallback)
+{
+    return QString::fromStdString(read<std::string>(object, name, fallback));
+}
+
+bool readFlag(const zarn::BoundProperty& property)
+{
+    return qelm::VariantConverter::convertTo<bool>(property.get()).value_or(false);
+}
+
+bool isTold(ryk::Flags<zarn::SetterFlag> setterFlags, ryk::Flags<zarn::NotifyFlag> notifyFlags)
+{
+    return !setterFlags.test(zarn::SetterFlag::Unseen) && notifyFlags.test(zarn::NotifyFlag::Value);
+}
+
+} // namespace
+
+SceneItem::SceneItem(zarn::ReflectedObject object, SceneItemModel& model) : m_model(model)
+{
+    init(std::move(object), zarn::BoundProperty(), nullptr);
+}
+
+SceneItem::SceneItem(PrivateCtor, SceneItemModel& model, SceneItem* parent) : m_model(model), m_parent(parent) {}
+
+SceneItem::~SceneItem()
+{
+    m_rootObject.reset();
+    for (std::unique_ptr<SceneItem>& child : m_children)
+        child.reset();
+    const auto known = m_model.m_itemsByObject.equal_range(m_address);
+    const auto own = std::find_if(known.first, known.second, [this](const auto& entry) { return entry.second == this; });
+    if (own != known.second)
+        m_model.m_itemsByObject.erase(own);
+}
+
+void SceneItem::init(zarn::ReflectedObject object, const zarn::BoundProperty& property, Object* collection)
+{
+    const zarn::Annotations annotations = property.annotations();
+    if (const auto text = annotations.find<Meta::Label::Text>(); text.isValid())
+        m_name = QString::fromStdString(text->value<Meta::Label::Text>()(property));
+    if (const auto expanded = annotations.find<Meta::Expanded>(); expanded.isValid() && !expanded->value<Meta::Expanded>()(object))
+        m_expanded = false;
+    m_address = object.address();
+    m_model.m_itemsByObject.emplace(m_address, this);
+    initState(object);
+    m_resetWatch = object.connectPropertiesReset([this] {
+        if (m_rootObject)
+            initState(reflectedObject());
+    });
+    // Walks, and so makes the rows below. Until it is done there is no root node.
+    m_rootObject = std::make_unique<Object>(*this, std::move(object), collection);
+}
+
+void SceneItem::initState(const zarn::ReflectedObject& object)
+{
+    m_connections.clear();
+    m_parentEnabled = !m_parent || m_parent->isEnabled();
+    if (const zarn::BoundProperty enabled = object.findPropertyByName("_isEnabled"); enabled.isValid()) {
+        m_enabled = readFlag(enabled);
+        pushEnabledDown();
+        connectEnabledChanged(enabled);
+    }
+    if (m_name.isEmpty())
+        connectValueChangedWithRoles(object.findPropertyByName("_objectName"), {Qt::DisplayRole});
+    connectValueChangedWithRoles(object.findPropertyByName("_objectIcon"), {Qt::DecorationRole});
+    connectValueChangedWithRoles(object.findPropertyByName("_objectState"), {Qt::CheckStateRole});
+    initModifiableState(object);
+}
+
+void SceneItem::initModifiableState(const zarn::ReflectedObject& object)
+{
+    const zarn::BoundProperty modified = object.findPropertyByName("_isModified");
+    if (!modified.isValid())
+        return;
+    m_modified = readFlag(modified);
+    // Intended: whatever the flags.
+    keep(modified.connectPropertyChanged([this](const zarn::BoundProperty& property) {
+        m_modified = readFlag(property);
+        m_model.onItemDataChanged(*this, *this, {SceneRoles::Modified});
+    }));
+}
+
+void SceneItem::connectEnabledChanged(const zarn::BoundProperty& property)
+{
+    keep(property.connectPropertyChanged([this](const zarn::BoundProperty& changed, ryk::Flags<zarn::SetterFlag> setterFlags,
+                                                ryk::Flags<zarn::NotifyFlag> notifyFlags) {
+        if (!isTold(setterFlags, notifyFlags))
+            return;
+        m_enabled = readFlag(changed);
+        pushEnabledDown();
+        m_model.onItemDataChanged(*this, *this, {SceneRoles::Enabled});
+    }));
+}
+
+void SceneItem::connectValueChangedWithRoles(const zarn::BoundProperty& property, QVector<int> roles)
+{
+    keep(property.connectPropertyChanged(
+        [this, roles = std::move(roles)](const zarn::BoundProperty&, ryk::Flags<zarn::SetterFlag> setterFlags,
+                                         ryk::Flags<zarn::NotifyFlag> notifyFlags) {
+            if (isTold(setterFlags, notifyFlags))
+                m_model.onItemDataChanged(*this, *this, roles);
+        }));
+}
+
+void SceneItem::keep(ryk::Connection connection)
+{
+    if (connection.isConnected())
+        m_connections.emplace_back(std::move(connection));
+}
+
+QString SceneItem::name() const
+{
+    return m_name.isEmpty() ? readText(reflectedObject(), "_objectName", "<unnamed scene item>") : m_name;
+}
+
+QString SceneItem::icon() const
+{
+    static const QString folder = QStringLiteral("resources/maps/gui/");
+    QString icon = readText(reflectedObject(), "_objectIcon", "<unnamed type>");
+    // Intended: the dot of a directory counts as well.
+    if (const int dot = icon.lastIndexOf(QLatin1Char('.')); dot >= 0)
+        icon.truncate(dot);
+    return icon.startsWith(folder) ? icon.mid(folder.size()) : icon;
+}
+
+QString SceneItem::objectType() const
+{
+    return readText(reflectedObject(), "_typeName", "<unknown type>");
+}
+
+int SceneItem::state() const
+{
+    return read<int>(reflectedObject(), "_objectState", 0);
+}
+
+QVariant SceneItem::object() const
+{
+    return QVariant::fromValue(reflectedObject());
+}
+
+const zarn::ReflectedObject& SceneItem::reflectedObject() const
+{
+    static const zarn::ReflectedObject none;
+    return m_rootObject ? m_rootObject->object() : none;
+}
+
+void SceneItem::setHovered(bool hovered)
+{
+    if (m_hovered == hovered)
+        return;
+    m_hovered = hovered;
+    m_model.onItemDataChanged(*this, *this, {SceneRoles::Hover});
+}
+
+void SceneItem::pushEnabledDown()
+{
+    const bool enabled = isEnabled();
+    for (const std::unique_ptr<SceneItem>& child : m_children)
+        child->setParentEnabled(enabled);
+}
+
+void SceneItem::setParentEnabled(bool enabled)
+{
+    m_parentEnabled = enabled;
+    pushEnabledDown();
+    m_model.onItemDataChanged(*this, *this, {SceneRoles::Enabled});
+}
+
+const SceneItem* SceneItem::childAt(int index) const
+{
+    return m_children.empty() ? nullptr : m_children.at(static_cast<std::size_t>(index)).get();
+}
+
+int SceneItem::childIndex(const SceneItem* child) const
+{
+    if (child->m_parent != this)
+        return -1;
+    if (child->m_row >= m_children.size() || m_children[child->m_row].get() != child) {
+        const auto found = std::find_if(m_children.begin(), m_children.end(), [child](const auto& it) { return it.get() == child; });
+        if (found == m_children.end())
+            return -1;
+        child->m_row = static_cast<std::size_t>(found - m_children.begin());
+    }
+    return static_cast<int>(child->m_row);
+}
+
+int SceneItem::selfIndexInParent() const
+{
+    return m_parent ? m_parent->childIndex(this) : -1;
+}
+
+SceneItem::Object& SceneItem::insertChild(int index, zarn::ReflectedObject object, const zarn::BoundProperty& property,
+                                          Object* collection)
+{
+    auto made = std::make_unique<SceneItem>(PrivateCtor(), m_model, this);
+    SceneItem& child = *made;
+    child.m_collectionObject = collection;
+    child.m_row = static_cast<std::size_t>(index);
+    m_children.insert(m_children.begin() + index, std::move(made));
+    child.init(std::move(object), property, collection);
+    return *child.m_rootObject;
+}
+
+void SceneItem::eraseChild(int index)
+{
+    m_children.erase(m_children.begin() + index);
+}
+
+SceneItemButtonsModel& SceneItem::buttons()
+{
+    if (!m_buttonsModel)
+        m_buttonsModel = std::make_unique<SceneItemButtonsModel>(&m_model);
+    return *m_buttonsModel;
+}
+
+SceneItem* SceneItem::findSceneItemByItsReflectedObject(const zarn::ReflectedObject& object)
+{
+    SceneItem* first = nullptr;
+    // An object that has died is found by no address, and equals all others that have.
+    if (!object.isValid()) {
+        if (!reflectedObject().isValid())
+            return this;
+        for (std::size_t row = 0; !first && row < m_children.size(); ++row)
+            first = m_children[row]->findSceneItemByItsReflectedObject(object);
+        return first;
+    }
+    const auto known = m_model.m_itemsByObject.equal_range(object.address());
+    for (auto entry = known.first; entry != known.second; ++entry) {
+        SceneItem* const item = entry->second;
+        if (item->reflectedObject() == object && item->isWithin(*this) && (!first || item->isBefore(*first)))
+            first = item;
+    }
+    return first;
+}
+
+bool SceneItem::isWithin(const SceneItem& ancestor) const
+{
+    const SceneItem* item = this;
+    while (item && item != &ancestor)
+        item = item->m_parent;
+    return item != nullptr;
+}
+
+/// From the top down to this item.
+std::vector<const SceneItem*> SceneItem::path() const
+{
+    std::vector<const SceneItem*> items;
+    for (const SceneItem* item = this; item; item = item->m_parent)
+        items.push_back(item);
+    std::reverse(items.begin(), items.end());
+    return items;
+}
+
+bool SceneItem::isBefore(const SceneItem& other) const
+{
+    const std::vector<const SceneItem*> own = path();
+    const std::vector<const SceneItem*> others = other.path();
+    const auto [fork, otherFork] = std::mismatch(own.begin(), own.end(), others.begin(), others.end());
+    if (fork == own.end() || otherFork == others.end())
+        return fork == own.end() && otherFork != others.end();
+    return (*fork)->selfIndexInParent() < (*otherFork)->selfIndexInParent();
+}

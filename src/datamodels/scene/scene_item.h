@@ -1,0 +1,110 @@
+#pragma once
+
+#include <datamodels/datamodels_export.h>
+#include <host/reflection/bound_property.h>
+#include <host/reflection/reflected_object.h>
+#include <host/signals/connection.h>
+
+#include <QString>
+#include <QVariant>
+#include <QVector>
+
+#include <memory>
+#include <vector>
+
+class SceneItemButtonsModel;
+class SceneItemModel;
+
+/// One row of a `SceneItemModel`: what it shows of its object, and the rows below it. Which rows those are is decided by
+/// the nodes of `SceneItem::Object`, which walk the object's properties.
+///
+/// A row is enabled if its own object and all rows above are. A change runs down to the leafs, and each row is told of,
+/// the deepest first, whether or not it makes a difference there. Owned by its parent, the first one by the model.
+/// Thread: GUI only.
+class DATAMODELS_API SceneItem
+{
+public:
+    class Object;
+    class PrivateCtor
+    {
+        friend class SceneItem;
+        PrivateCtor() = default;
+    };
+
+    /// The item of the scene object, which has no row.
+    SceneItem(zarn::ReflectedObject object, SceneItemModel& model);
+    SceneItem(PrivateCtor, SceneItemModel& model, SceneItem* parent);
+    ~SceneItem();
+    Q_DISABLE_COPY_MOVE(SceneItem)
+
+    /// The fixed name of the row's property if it has one, else "_objectName", else "<unnamed scene item>".
+    QString name() const;
+    /// "_objectIcon" without extension and without a leading "resources/maps/gui/", else "<unnamed type>".
+    QString icon() const;
+    /// "_typeName", else "<unknown type>".
+    QString objectType() const;
+    /// "_objectState", else 0. What the numbers mean is between the objects and the delegates.
+    int state() const;
+    /// A `zarn::ReflectedObject`.
+    QVariant object() const;
+    const zarn::ReflectedObject& reflectedObject() const;
+
+    bool isEnabled() const { return m_parentEnabled && m_enabled; }
+    bool isModified() const { return m_modified; }
+    bool isExpanded() const { return m_expanded; }
+    bool isHovered() const { return m_hovered; }
+    /// Nobody is told.
+    void setExpanded(bool expanded) { m_expanded = expanded; }
+    void setHovered(bool hovered);
+
+    const SceneItem* parent() const { return m_parent; }
+    int childrenCount() const { return static_cast<int>(m_children.size()); }
+    /// Null without children; throws `std::out_of_range` for an index past the end.
+    const SceneItem* childAt(int index) const;
+    /// -1 for what is not a child.
+    int childIndex(const SceneItem* child) const;
+    int selfIndexInParent() const;
+    /// This item or the first below it, in the order of the tree, that shows the object; null if there is none.
+    SceneItem* findSceneItemByItsReflectedObject(const zarn::ReflectedObject& object);
+
+    /// Null until the first button.
+    SceneItemButtonsModel* iconButtonsModel() const { return m_buttonsModel.get(); }
+    const Object& rootObject() const { return *m_rootObject; }
+    /// The node in the parent item that made this one; there is none for the scene object.
+    const Object& collectionObject() const { return *m_collectionObject; }
+
+private:
+    friend class SceneItemModel;
+
+    void init(zarn::ReflectedObject object, const zarn::BoundProperty& property, Object* collection);
+    void initState(const zarn::ReflectedObject& object);
+    void initModifiableState(const zarn::ReflectedObject& object);
+    void connectEnabledChanged(const zarn::BoundProperty& property);
+    void connectValueChangedWithRoles(const zarn::BoundProperty& property, QVector<int> roles);
+    void keep(ryk::Connection connection);
+    Object& insertChild(int index, zarn::ReflectedObject object, const zarn::BoundProperty& property, Object* collection);
+    void eraseChild(int index);
+    void pushEnabledDown();
+    void setParentEnabled(bool enabled);
+    SceneItemButtonsModel& buttons();
+    bool isBefore(const SceneItem& other) const;
+    bool isWithin(const SceneItem& ancestor) const;
+    std::vector<const SceneItem*> path() const;
+
+    SceneItemModel& m_model;
+    SceneItem* m_parent = nullptr;
+    std::vector<std::unique_ptr<SceneItem>> m_children;
+    std::vector<ryk::ScopedConnection> m_connections;
+    ryk::ScopedConnection m_resetWatch; // Intended: stays when the others are made anew
+    QString m_name;
+    bool m_expanded = true;
+    bool m_hovered = false;
+    bool m_enabled = true;
+    bool m_parentEnabled = true;
+    bool m_modified = false;
+    mutable std::size_t m_row = 0;    // where it stood when last asked
+    const void* m_address = nullptr;  // under which the model finds it
+    std::unique_ptr<SceneItemButtonsModel> m_buttonsModel;
+    std::unique_ptr<Object> m_rootObject;
+    Object* m_collectionObject = nullptr;
+};

@@ -1,0 +1,263 @@
+#include <datamodels/scene/scene_item_object.h>
+
+#include <datamodels/scene_item_model.h>
+#include <host/base/debug.h>
+#include <host/reflection/meta.h>
+
+#include <QScopeGuard>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int deepestLevel = 512;
+
+} // namespace
+
+/// Structural work of which only the outermost is told: what comes or goes inside is part of that.
+class SceneItem::Object::Suppression
+{
+public:
+    explicit Suppression(SceneItemModel& model) : m_model(model) { ++m_model.m_suppressCounter; }
+    ~Suppression() { --m_model.m_suppressCounter; }
+    Q_DISABLE_COPY_MOVE(Suppression)
+
+private:
+    SceneItemModel& m_model;
+};
+
+SceneItem::Object::Object(SceneItem& item, zarn::ReflectedObject object, Object* parent)
+    : m_sceneItem(item), m_object(std::move(object)), m_parent(parent), m_level(parent ? parent->m_level + 1 : 0)
+{
+    init();
+}
+
+SceneItem::Object::Object(SceneItem& item, zarn::BoundProperty property, Object* parent, std::size_t sceneItemIndex)
+    : m_sceneItem(item)
+    , m_object(property)
+    , m_property(std::move(property))
+    , m_parent(parent)
+    , m_level(parent->m_level + 1)
+    , m_sceneItemIndex(sceneItemIndex)
+{
+    m_propertyConnection = m_property.connectPropertyChanged(
+        [this](const zarn::BoundProperty&, ryk::Flags<zarn::SetterFlag> setterFlags) { onPropertyChanged(setterFlags); });
+}
+
+SceneItem::Object::~Object()
+{
+    fini();
+}
+
+void SceneItem::Object::init()
+{
+    if (m_property.isValid() && !m_property.visibility().test(zarn::meta_property::VisibilityFlag::Outliner))
+        return;
+    const zarn::Annotations annotations = m_property.annotations();
+    if (annotations.contain<Meta::Value>() || !isWalkable())
+        return;
+
+    const auto sceneItem = annotations.find<Meta::SceneItem>();
+    m_isSceneItem = sceneItem.isValid() && sceneItem->value<Meta::SceneItem>()(m_property) && parentInItem();
+    if (m_isSceneItem)
+        makeRow();
+    else
+        walk(annotations);
+}
+
+/// Whether the object may be walked into: it neither contains itself nor lies too deep.
+bool SceneItem::Object::isWalkable() const
+{
+    if (!m_object.isValid() || !m_property.isValid())
+        return true;
+    const bool isLoop = m_parent->contains(m_object);
+    if (!isLoop && m_level <= deepestLevel)
+        return true;
+    Ozy::DebugMessageHelper(Ozy::Priority::structural, "datamodels")
+        .message(isLoop ? "SceneItem: \"%s\" contains itself and is not shown below itself\n"
+                        : "SceneItem: \"%s\" lies deeper than 512 levels and is not shown\n",
+                 fullPath().c_str());
+    return false;
+}
+
+bool SceneItem::Object::contains(const zarn::ReflectedObject& object) const
+{
+    const Object* node = this;
+    while (node && !(node->m_object == object))
+        node = node->m_parent;
+    return node != nullptr;
+}
+
+/// Also where the walk of the row throws: the row is there then, with what it had got.
+void SceneItem::Object::makeRow()
+{
+    SceneItemModel& model = m_sceneItem.m_model;
+    const bool isTold = model.m_suppressCounter == 0;
+    const auto row = static_cast<int>(sceneRow());
+    if (isTold)
+        model.onItemsAboutToBeAdded(m_sceneItem, row, row);
+    const auto tell = qScopeGuard([&] {
+        if (isTold)
+            model.onItemsAdded();
+    });
+    const Suppression suppression(model);
+    const auto countRow = qScopeGuard([this] { addSceneItems(+1); });
+    m_childRootObject = &m_sceneItem.insertChild(row, m_object, m_property, this);
+}
+
+void SceneItem::Object::dropRow()
+{
+    SceneItemModel& model = m_sceneItem.m_model;
+    const auto row = static_cast<int>(sceneRow());
+    if (model.m_suppressCounter == 0)
+        model.onItemsAboutToBeRemoved(m_sceneItem, row, row);
+    {
+        const Suppression suppression(model);
+        m_childRootObject = nullptr;
+        m_sceneItem.eraseChild(row);
+        addSceneItems(-1);
+    }
+    if (model.m_suppressCounter == 0)
+        model.onItemsRemoved();
+    m_isSceneItem = false;
+}
+
+void SceneItem::Object::walk(const zarn::Annotations& annotations)
+{
+    if (annotations.contain<Meta::IconButton>())
+        addIconButton();
+    if (!m_object.isValid())
+        return;
+    updateDeleteButton();
+    insertChildren(0, m_object.propertyCount());
+    watchObject();
+}
+
+void SceneItem::Object::watchObject()
+{
+    const auto keep = [this](ryk::Connection connection) {
+        if (connection.isConnected())
+            m_objectConnections.emplace_back(std::move(connection));
+    };
+    keep(m_object.connectPropertyAdded([this](const zarn::ReflectedObject&, std::size_t index, std::size_t count) {
+        insertChildren(index, count);
+        fixChildrenReferences(index + count);
+    }));
+    keep(m_object.connectPropertyAboutToBeRemoved(
+        [this](const zarn::ReflectedObject&, std::size_t index, std::size_t count) { removeChildren(index, count); }));
+    keep(m_object.connectPropertyRemoved(
+        [this](const zarn::ReflectedObject&, std::size_t index) { fixChildrenReferences(index); }));
+    keep(m_object.connectPropertiesAboutToBeReset([this] { removeChildren(0, m_children.size()); }));
+    keep(m_object.connectPropertiesReset([this] { insertChildren(0, m_object.propertyCount()); }));
+}
+
+void SceneItem::Object::onPropertyChanged(ryk::Flags<zarn::SetterFlag> setterFlags)
+{
+    if (setterFlags.test(zarn::SetterFlag::Unseen))
+        return;
+    fini();
+    m_object = zarn::ReflectedObject(m_property);
+    init();
+    if (!parentInItem() && m_sceneItem.m_model.m_suppressCounter == 0)
+        m_sceneItem.m_model.onItemDataChanged(m_sceneItem, m_sceneItem, {});
+}
+
+void SceneItem::Object::fini()
+{
+    removeButton(m_iconButton);
+    removeButton(m_deleteButton);
+    if (m_isSceneItem)
+        dropRow();
+    removeChildren(0, m_children.size());
+    OZY_ASSERT(m_sceneItemCount == 0);
+    OZY_ASSERT(m_children.empty());
+    // Last: the removal of the children has just asked whether it is wanted.
+    removeButton(m_addButton);
+    m_objectConnections.clear();
+}
+
+void SceneItem::Object::insertChildren(std::size_t index, std::size_t count)
+{
+    if (!OZY_ASSERT(index <= m_children.size()))
+        return;
+    m_children.reserve(m_children.size() + count);
+    std::size_t tail = 0;
+    for (std::size_t later = index; later < m_children.size(); ++later)
+        tail += m_children[later]->m_sceneItemCount;
+    for (std::size_t place = index; place < index + count; ++place) {
+        auto made = std::make_unique<Object>(m_sceneItem, m_object.propertyAt(place), this, m_sceneItemCount - tail);
+        Object& child = *made;
+        child.m_place = place;
+        m_children.insert(m_children.begin() + static_cast<std::ptrdiff_t>(place), std::move(made));
+        child.init();
+    }
+    updateAddButton();
+}
+
+void SceneItem::Object::removeChildren(std::size_t index, std::size_t count)
+{
+    if (!OZY_ASSERT(index + count <= m_children.size()))
+        return;
+    for (std::size_t place = index; place < index + count; ++place)
+        m_children[place]->fini();
+    const auto first = m_children.begin() + static_cast<std::ptrdiff_t>(index);
+    m_children.erase(first, first + static_cast<std::ptrdiff_t>(count));
+    updateAddButton();
+}
+
+void SceneItem::Object::fixChildrenReferences(std::size_t from)
+{
+    OZY_ASSERT(m_children.size() <= m_object.propertyCount());
+    for (std::size_t place = from; place < m_children.size(); ++place) {
+        std::unique_ptr<Object>& child = m_children[place];
+        const zarn::BoundProperty property = m_object.propertyAt(place);
+        // The keys first, which cost less to compare than values.
+        if (child->m_property.key() == property.key() || !(child->m_object == zarn::ReflectedObject(property)))
+            continue;
+        const std::size_t sceneItemIndex = child->m_sceneItemIndex;
+        child->fini();
+        child = std::make_unique<Object>(m_sceneItem, property, this, sceneItemIndex);
+        child->m_place = place;
+        child->init();
+    }
+}
+
+void SceneItem::Object::addSceneItems(std::ptrdiff_t delta)
+{
+    m_sceneItemCount += static_cast<std::size_t>(delta);
+    const Object* node = this;
+    for (Object* parent = parentInItem(); parent; parent = parent->parentInItem()) {
+        for (std::size_t later = parent->indexOf(*node) + 1; later < parent->m_children.size(); ++later)
+            parent->m_children[later]->m_sceneItemIndex += static_cast<std::size_t>(delta);
+        parent->m_sceneItemCount += static_cast<std::size_t>(delta);
+        node = parent;
+    }
+}
+
+std::size_t SceneItem::Object::indexOf(const Object& child) const
+{
+    if (child.m_place < m_children.size() && m_children[child.m_place].get() == &child)
+        return child.m_place;
+    const auto it = std::find_if(m_children.begin(), m_children.end(), [&](const auto& other) { return other.get() == &child; });
+    OZY_ASSERT(it != m_children.end());
+    child.m_place = static_cast<std::size_t>(it - m_children.begin());
+    return child.m_place;
+}
+
+std::size_t SceneItem::Object::sceneRow() const
+{
+    std::size_t row = m_sceneItemIndex;
+    for (const Object* parent = parentInItem(); parent && parent->parentInItem(); parent = parent->m_parent)
+        row += parent->m_sceneItemIndex;
+    return row;
+}
+
+/// The dotted path of the property from the top of the item.
+std::string SceneItem::Object::fullPath() const
+{
+    // Intended: a root node begins with the name of its parent, which then stands there twice.
+    std::string path = m_property.isValid() ? m_property.name() : m_parent ? m_parent->m_property.name() : std::string();
+    for (const Object* parent = m_parent; parent && parent->m_property.isValid(); parent = parent->m_parent)
+        path = path.empty() ? parent->m_property.name() : parent->m_property.name() + "." + path;
+    return path;
+}

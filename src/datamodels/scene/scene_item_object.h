@@ -1,0 +1,102 @@
+#pragma once
+
+#include <datamodels/scene/scene_item.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+class IAssetSelection;
+class SceneItemButton;
+
+/// A node of the walk that turns an object into rows: it stands for the item's own object, or for one property of an
+/// object on the way down. A node either makes one row, whose own nodes go on from there, or has nodes below it, or
+/// nothing. It also owns the buttons that its property asks for, and follows its object.
+///
+/// Row numbers are sums of running counts: a node knows how many rows its earlier siblings make and how many it makes
+/// with all below it. An insertion or removal corrects the later siblings on each level.
+///
+/// Owned by its parent, a root node by its item. Thread: GUI only.
+class SceneItem::Object
+{
+public:
+    /// A root node, which walks at once. `parent` is the node in the parent item that made the item, or null.
+    Object(SceneItem& item, zarn::ReflectedObject object, Object* parent);
+    /// A node over a property; `init` walks, after the node has been put in its place.
+    Object(SceneItem& item, zarn::BoundProperty property, Object* parent, std::size_t sceneItemIndex);
+    ~Object();
+    Q_DISABLE_COPY_MOVE(Object)
+
+    const zarn::ReflectedObject& object() const { return m_object; }
+    const zarn::BoundProperty& property() const { return m_property; }
+    /// How many rows of the item the node makes, with all below it.
+    std::size_t sceneItemCount() const { return m_sceneItemCount; }
+    /// The row of the item that the node makes, or that the first one below it would make.
+    std::size_t sceneRow() const;
+
+    void init();
+    /// Leaves the node empty, to be walked again or destroyed.
+    void fini();
+    void insertChildren(std::size_t index, std::size_t count);
+    void removeChildren(std::size_t index, std::size_t count);
+    /// Makes the nodes from `from` on anew whose objects have come to stand under other keys.
+    void fixChildrenReferences(std::size_t from);
+    void addSceneItems(std::ptrdiff_t delta);
+    /// Fails an assertion for what is not a child.
+    std::size_t indexOf(const Object& child) const;
+
+private:
+    class Suppression;
+
+    /// Bounds of a collection, and what may be done to it in the outliner.
+    struct Collection
+    {
+        std::size_t minSize = SIZE_MAX;
+        std::size_t maxSize = 0;
+        bool canInsert = false;
+        bool canRemove = false;
+    };
+
+    bool isInSameItem(const Object* other) const { return other && &other->m_sceneItem == &m_sceneItem; }
+    Object* parentInItem() const { return isInSameItem(m_parent) ? m_parent : nullptr; }
+    bool contains(const zarn::ReflectedObject& object) const;
+    bool isWalkable() const;
+    void makeRow();
+    void dropRow();
+    void walk(const zarn::Annotations& annotations);
+    void watchObject();
+    void onPropertyChanged(ryk::Flags<zarn::SetterFlag> setterFlags);
+    std::string fullPath() const;
+
+    const std::optional<Collection>& collection();
+    template <class Annotation>
+    bool isSaid() const;
+    const zarn::BoundProperty& buttonProperty() const;
+    void addIconButton();
+    void updateAddButton();
+    void updateDeleteButton();
+    void addElement();
+    void deleteElements(IAssetSelection* selection);
+    void deleteSelected(IAssetSelection& selection);
+    void removeButton(SceneItemButton*& button);
+
+    SceneItem& m_sceneItem;
+    zarn::ReflectedObject m_object;
+    zarn::BoundProperty m_property;
+    bool m_isSceneItem = false;
+    Object* m_parent;
+    int m_level;
+    ryk::ScopedConnection m_propertyConnection;
+    std::vector<ryk::ScopedConnection> m_objectConnections;
+    std::vector<std::unique_ptr<Object>> m_children;
+    Object* m_childRootObject = nullptr;
+    SceneItemButton* m_iconButton = nullptr;
+    SceneItemButton* m_deleteButton = nullptr;
+    SceneItemButton* m_addButton = nullptr;
+    std::size_t m_sceneItemIndex = 0;
+    std::size_t m_sceneItemCount = 0;
+    mutable std::size_t m_place = 0; // among the siblings, when last asked
+    // Intended: found once, and kept also when the value is another one.
+    std::optional<std::optional<Collection>> m_collection;
+};

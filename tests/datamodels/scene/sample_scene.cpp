@@ -1,0 +1,116 @@
+#include "sample_scene.h"
+
+#include <host/reflection/cast.h>
+#include <host/reflection/meta.h>
+
+namespace {
+
+Meta::IconButton button(const char* on, const char* off, std::size_t position)
+{
+    Meta::IconButton button;
+    button.firstIcon = on;
+    button.secondIcon = off;
+    button.firstIconState = true;
+    button.position = position;
+    return button;
+}
+
+template <auto field>
+struct FieldOf;
+template <class T, class V, V T::*field>
+struct FieldOf<field>
+{
+    static void set(T& object, const V& value) { object.*field = value; }
+};
+template <auto field>
+constexpr auto setField = &FieldOf<field>::set;
+
+} // namespace
+
+template <>
+struct zarn::Reflection<stage::Limits>
+{
+    static constexpr const char* name = "stage::Limits";
+    static void declare(StaticMetaObject<stage::Limits>::Builder& limits)
+    {
+        using stage::Limits;
+        limits.value("reach", &Limits::reach, setField<&Limits::reach>)
+            .value("isOpen", &Limits::isOpen, setField<&Limits::isOpen>, button("open", "closed", 4));
+    }
+};
+
+template <>
+struct zarn::Reflection<stage::Actor>
+{
+    static constexpr const char* name = "stage::Actor";
+    static void declare(StaticMetaObject<stage::Actor>::Builder& actor)
+    {
+        using stage::Actor;
+        actor.value("_objectName", &Actor::name, setField<&Actor::name>)
+            .value("_objectIcon", &Actor::icon, setField<&Actor::icon>)
+            .value("_objectState", &Actor::state, setField<&Actor::state>)
+            .readOnly("_typeName", [] { return std::string("Actor"); })
+            .value("_isEnabled", &Actor::isEnabled, setField<&Actor::isEnabled>)
+            .value("_isModified", &Actor::isModified, setField<&Actor::isModified>)
+            .value("isVisible", &Actor::isVisible, setField<&Actor::isVisible>, button("eye", "shut", 2),
+                   Meta::ToolTip("Show"))
+            .method(
+                "reset", [](Actor& self) { ++self.resets; }, button("reset", "reset", 3))
+            .readOnly("limits", [](Actor& self) { return &self.limits; })
+            .readOnly("parts", [](Actor& self) { return &self.parts; });
+    }
+};
+
+template <>
+struct zarn::Reflection<stage::Plain>
+{
+    static constexpr const char* name = "stage::Plain";
+    static void declare(StaticMetaObject<stage::Plain>::Builder& plain)
+    {
+        using stage::Plain;
+        plain.value("shown", &Plain::shown, setField<&Plain::shown>, Meta::SceneItem(), Meta::Label::Text("Shown"),
+                    Meta::Expanded(false));
+    }
+};
+
+namespace stage {
+namespace {
+
+const zarn::ReflectAtLoad<Limits> limitsClass;
+const zarn::ReflectAtLoad<Actor> actorClass;
+const zarn::ReflectAtLoad<Plain> plainClass;
+const zarn::AutoregisterMetaObject<Parts>
+    partsClass("Parts", {Meta::Children{"*", {Meta::SceneItem()}}, Meta::CollectionInsert(), Meta::CollectionRemove(),
+                         Meta::CollectionSize{[](const zarn::ReflectedObject&) { return std::pair<std::size_t, std::size_t>(1, 4); }}});
+
+} // namespace
+
+std::shared_ptr<Actor> actor(const std::string& name, std::vector<std::shared_ptr<Actor>> parts)
+{
+    auto made = std::make_shared<Actor>(name);
+    *made->parts = std::move(parts);
+    return made;
+}
+
+bool Selection::isSelected(const zarn::ReflectedObject& object)
+{
+    for (const zarn::PersistentObject& selected : objects) {
+        if (selected.object() == object)
+            return true;
+    }
+    return false;
+}
+
+void Selection::onMethodAboutToRun(const zarn::BoundProperty& method)
+{
+    methods.push_back(zarn::cast<Actor>(method.object())->name + "." + method.name());
+}
+
+void Selection::select(const std::vector<std::shared_ptr<Actor>>& actors)
+{
+    objects.clear();
+    for (const std::shared_ptr<Actor>& selected : actors)
+        objects.emplace_back(zarn::reflect(*selected));
+}
+
+} // namespace stage

@@ -1,5 +1,8 @@
 #include "sample_objects.h"
 
+#include <host/base/profiler.h>
+#include <host/base/stack_tracker.h>
+#include <host/reflection/meta_object_manager.h>
 #include <host/reflection/reflection_wrapper.h>
 #include <host/reflection/sequential_collection_meta_object.h>
 #include <host/undo/changes_controller.h>
@@ -16,6 +19,7 @@ namespace {
 
 using Boats = ReflectionWrapper<std::vector<std::shared_ptr<Boat>>>;
 using Numbers = ReflectionWrapper<std::vector<int>>;
+using Words = ReflectionWrapper<std::vector<std::string>>; // for one test alone, which sees its properties made
 
 /// A collection class of its own, which keeps no undo history when told so.
 class Crew : public Object
@@ -32,6 +36,7 @@ const ReflectAtLoad<Engine> engineClass;
 const ReflectAtLoad<Boat> boatClass;
 const AutoregisterMetaObject<Boats> boatsClass("Boats", {Meta::Children{"*", {Meta::Precision{3}}}, Meta::ToolTip("afloat")});
 const AutoregisterMetaObject<Numbers> numbersClass("Numbers", {});
+const AutoregisterMetaObject<Words> wordsClass("Words", {});
 const SequentialCollectionMetaObject<Crew, 0>
     crewClass("Crew", {Meta::Stateless([](const ReflectedObject& crew) { return int(cast<Crew>(crew)->isStateless); })});
 
@@ -163,6 +168,31 @@ private Q_SLOTS:
 
         QCOMPARE(three.object.propertyAt(1).metaProperty(), others.object.propertyAt(1).metaProperty());
         QVERIFY(!(three.object.propertyAt(1) == others.object.propertyAt(1)));
+    }
+
+    void theCreationOfAnElementPropertyIsProfiledOnce()
+    {
+        static QStringList profiled;
+        Words words({"a"});
+        const ReflectedObject object = reflect(words);
+        RYK::Profiler::g_hooks = {[](const char* name) { profiled << name; }, [] { profiled << "end"; }};
+
+        object.propertyAt(0);
+        object.propertyAt(0);
+        RYK::Profiler::g_hooks = {};
+
+        QCOMPARE(profiled, (QStringList{"Reflection|MetaProperties|CollectionMetaObject", "end"}));
+    }
+
+    void theClassIsKnownAsLongAsItsMetaObjectLives()
+    {
+        auto shorts = std::make_unique<SequentialCollectionMetaObject<ReflectionWrapper<std::vector<short>>, 0>>("Shorts", Annotations{});
+        const MetaObject* known = MetaObjectManager::instance().findType("Shorts<short>");
+        QCOMPARE(known, shorts.get());
+
+        shorts.reset();
+
+        QVERIFY(!MetaObjectManager::instance().findType("Shorts<short>"));
     }
 
     void anElementThatIsGoneReadsAsVoidAndRefusesToBeSet()
@@ -493,6 +523,23 @@ private Q_SLOTS:
         QCOMPARE(names(three.boats), (QStringList{"a", "c"}));
         QVERIFY(document.undo());
         QCOMPARE(names(three.boats), (QStringList{"a", "b", "c"}));
+    }
+
+    void whoIsToldOfAnUndoFindsTheCommandAmongTheStackEntries()
+    {
+        ThreeBoats three;
+        Ozy::ChangesController document;
+        {
+            const Ozy::CommitChangesScope scope("append", &document);
+            three.object.addProperty({}, boatNamed("d"));
+        }
+        std::string entries;
+        const ryk::ScopedConnection listening(
+            three.object.connectPropertyRemoved([&] { entries = Ozy::StackTracker::describe(); }));
+
+        document.undo();
+
+        QVERIFY(entries.find("in zarn::RemoveFromContainer::execute (") != std::string::npos);
     }
 
     void oneStepMayHoldEditsOfTheCollectionAndOfItsElements()

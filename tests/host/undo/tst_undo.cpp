@@ -218,6 +218,31 @@ private Q_SLOTS:
         QVERIFY(!document.jumpTo(-1));
     }
 
+    void aJumpStopsAtTheStepThatRefuses()
+    {
+        ChangesController document;
+        Number first;
+        Number second;
+        setInOneStep(document, "First", first, 1);
+        setInOneStep(document, "Second", second, 2);
+        first.isLocked = true;
+        LogCapture log;
+
+        QVERIFY(!document.jumpTo(0));
+
+        QCOMPARE(log.messages(), QStringList{"5 A step was refused: First"});
+        QCOMPARE(document.index(), 1);
+        QCOMPARE((QList<int>{first.value, second.value}), (QList<int>{1, 0}));
+    }
+
+    void withoutAStepThereIsNothingToUndoOrRedo()
+    {
+        ChangesController document;
+
+        QVERIFY(!document.undo());
+        QVERIFY(!document.redo());
+    }
+
     void cleanFollowsTheSavedStep()
     {
         ChangesController document;
@@ -245,6 +270,29 @@ private Q_SLOTS:
 
         QCOMPARE(names(document), (QStringList{"2", "3"}));
         QVERIFY(!document.setLimit(5));
+    }
+
+    void aLimitBelowZeroIsRefused()
+    {
+        ChangesController document;
+
+        QVERIFY(!document.setLimit(-1));
+    }
+
+    void aHistoryIsNotClearedInsideOfAnEdit()
+    {
+        ChangesController document;
+        Number number;
+        setInOneStep(document, "1", number, 1);
+        LogCapture log;
+        {
+            const CommitChangesScope scope("Edit", &document);
+
+            QVERIFY(!document.clear());
+        }
+
+        QCOMPARE(log.messages(), QStringList{"5 Cannot clear inside of an edit"});
+        QCOMPARE(document.count(), 1);
     }
 
     void clearingForgetsAllAndIsClean()

@@ -295,6 +295,18 @@ private Q_SLOTS:
         QCOMPARE(rowWhenRemoved, std::size_t(1));
     }
 
+    void rowsAreRightWhenAnInsertionIsTold()
+    {
+        TreeWithOwnRoot model;
+        const Nodes nodes(model, {"a", "b"});
+        std::size_t rowWhenInserted = 99;
+        connect(&model, &QAbstractItemModel::rowsInserted, this, [&] { rowWhenInserted = nodes["b"]->row(); });
+
+        TreeWithOwnRoot::insertNodes(model.root(), 1, textNodes(model, {"x", "y"}));
+
+        QCOMPARE(rowWhenInserted, std::size_t(3));
+    }
+
     void removedNodesDieBeforeTheBracketCloses()
     {
         struct Witness : SimpleTreeModel::Node
@@ -530,6 +542,25 @@ private Q_SLOTS:
         QCOMPARE(model.rowCount(), 0);
     }
 
+    void theOldTreeDiesInsideTheResetWhenTheNewRootStands()
+    {
+        struct Witness : SimpleTreeModel::Node
+        {
+            Witness(SimpleTreeModel& owner, QStringList& story) : Node(owner), m_story(story) {}
+            ~Witness() override { m_story << QString("died with %1 rows").arg(owner().rowCount()); }
+            QStringList& m_story;
+        };
+        SimpleTreeModel model;
+        QStringList story;
+        model.root().addChild<Witness>(story);
+        connect(&model, &QAbstractItemModel::modelAboutToBeReset, this, [&] { story << "resetting"; });
+        connect(&model, &QAbstractItemModel::modelReset, this, [&] { story << "reset"; });
+
+        model.resetModel();
+
+        QCOMPARE(story, (QStringList{"resetting", "died with 0 rows", "reset"}));
+    }
+
     void aDerivedModelInstallsItsOwnRoot()
     {
         TreeWithOwnRoot model;
@@ -537,6 +568,16 @@ private Q_SLOTS:
         model.resetModel();
 
         QCOMPARE(model.root().data(Qt::DisplayRole).toString(), QString("anew"));
+    }
+
+    void theMetaObjectAddsOnlyTheFullRefresh()
+    {
+        const QMetaObject& meta = SimpleTreeModel::staticMetaObject;
+
+        QCOMPARE(meta.methodCount() - meta.methodOffset(), 1);
+        QCOMPARE(meta.method(meta.methodOffset()).methodSignature(), QByteArray("fullRefresh()"));
+        QCOMPARE(meta.method(meta.methodOffset()).methodType(), QMetaMethod::Slot);
+        QCOMPARE(meta.propertyCount(), meta.propertyOffset());
     }
 
     // The invalid index has flags on purpose, which the tester objects to; everything else is held against it.

@@ -24,6 +24,7 @@ std::function<bool(const QVariant&)> contains(const QString& text)
 class OpenProxy : public BaseFilterProxyModel
 {
 public:
+    using BaseFilterProxyModel::filterAcceptsRowInternal;
     using BaseFilterProxyModel::filterRecursiveAcceptsRow;
     using BaseFilterProxyModel::invalidateFilter;
     using BaseFilterProxyModel::lessThan;
@@ -99,6 +100,23 @@ private Q_SLOTS:
         QCOMPARE(treeLines(proxy), (QStringList{"oak", "tree house"}));
     }
 
+    void theFilterRoleIsAskedFirstAndAMatchIsTheLastQuestion()
+    {
+        ScriptedTree source({"oak | kind=tree"});
+        QStringList asked;
+        OpenProxy proxy;
+        proxy.addFilterRole(ScriptedTree::KindRole);
+        proxy.setFilterPredicate([&asked](const QVariant& value) {
+            asked << value.toString();
+            return value == "oak";
+        });
+        proxy.setSourceModel(&source);
+
+        QVERIFY(proxy.filterAcceptsRowInternal(0, {}));
+
+        QCOMPARE(asked, QStringList{"oak"});
+    }
+
     void extraRolesCanBeTakenBackOneByOneOrAtOnce()
     {
         ScriptedTree source({"oak | kind=tree", "5 | kind=tree | size=5"});
@@ -135,6 +153,21 @@ private Q_SLOTS:
 
         proxy.invalidateFilter();
         QCOMPARE(log.take(), (QStringList{"removing / [1..1]", "removed / [1..1]"}));
+    }
+
+    void theSortFunctionDoesNotSortAgain()
+    {
+        ScriptedTree source({"a", "bb"});
+        BaseFilterProxyModel proxy;
+        proxy.setSourceModel(&source);
+        proxy.sort(0);
+        SignalLog log(proxy);
+
+        proxy.setSortPredicate([](const QVariant& left, const QVariant& right) { return left.toString().size() > right.toString().size(); });
+        QCOMPARE(log.take(), QStringList());
+
+        proxy.invalidate();
+        QCOMPARE(treeLines(proxy), (QStringList{"bb", "a"}));
     }
 
     void theFunctionSurvivesAChangeOfTheSource()
@@ -251,6 +284,16 @@ private Q_SLOTS:
         QCOMPARE(log.assertions(), QStringList{"!isRecursiveFilteringEnabled()"});
     }
 
+    void theModeThatItHasIsNoChange()
+    {
+        BaseFilterProxyModel proxy;
+        proxy.setRecursiveFilteringEnabled(true);
+
+        proxy.setFilteringMode(BaseFilterProxyModel::Flat);
+
+        QVERIFY(proxy.isRecursiveFilteringEnabled());
+    }
+
     void goingToRecursiveFiltersAtOnce()
     {
         ScriptedTree source({"wood", "  oak"});
@@ -277,6 +320,21 @@ private Q_SLOTS:
         QCOMPARE(treeLines(proxy), (QStringList{"b", "c", "a"}));
         QCOMPARE(proxy.sortRole(), int(ScriptedTree::SizeRole));
         QCOMPARE(log.take(), QStringList{"sortingChanged()"});
+    }
+
+    void anotherOrderOfThePresentRoleSortsAndThenTells()
+    {
+        ScriptedTree source({"a", "b"});
+        BaseFilterProxyModel proxy;
+        proxy.setSourceModel(&source);
+        proxy.rowCount();
+        SignalLog log(proxy);
+        log.add(proxy, &BaseFilterProxyModel::sortingChanged);
+
+        proxy.sortByRole("display", Qt::DescendingOrder);
+
+        QCOMPARE(log.take(), (QStringList{"layout changing sorted rows", "layout changed sorted rows", "sortingChanged()"}));
+        QCOMPARE(treeLines(proxy), (QStringList{"b", "a"}));
     }
 
     void sortsDownwardsToo()
@@ -318,6 +376,29 @@ private Q_SLOTS:
 
         QCOMPARE(treeLines(proxy), (QStringList{"b", "a"}));
         QCOMPARE(log.take(), QStringList());
+    }
+
+    // Intended: a binding reads the order once, and hears of sorting by the signal.
+    void theOrderIsAConstantForBindings()
+    {
+        const QMetaObject& meta = BaseFilterProxyModel::staticMetaObject;
+        const QMetaProperty order = meta.property(meta.indexOfProperty("sortOrder"));
+
+        QVERIFY(order.isConstant());
+        QVERIFY(!order.isWritable());
+        QVERIFY(!order.hasNotifySignal());
+    }
+
+    void qmlFindsRolesByName()
+    {
+        ScriptedTree source;
+        BaseFilterProxyModel proxy;
+        proxy.setSourceModel(&source);
+        int role = 0;
+
+        QVERIFY(QMetaObject::invokeMethod(&proxy, "roleByName", Q_RETURN_ARG(int, role), Q_ARG(QString, "size")));
+
+        QCOMPARE(role, int(ScriptedTree::SizeRole));
     }
 
     void rolesAreFoundByName()
@@ -366,6 +447,31 @@ private Q_SLOTS:
         proxy.sort(0);
 
         QCOMPARE(treeLines(proxy), (QStringList{"a", "c", "b"}));
+    }
+
+    void theSortFunctionSurvivesAChangeOfTheSource()
+    {
+        ScriptedTree first({"a"});
+        ScriptedTree second({"a", "bbb", "cc"});
+        BaseFilterProxyModel proxy;
+        proxy.setSortPredicate([](const QVariant& left, const QVariant& right) { return left.toString().size() > right.toString().size(); });
+        proxy.setSourceModel(&first);
+
+        proxy.setSourceModel(&second);
+        proxy.sort(0);
+
+        QCOMPARE(treeLines(proxy), (QStringList{"bbb", "cc", "a"}));
+    }
+
+    void anIndexWithoutAModelComparesAsAnInvalidValue()
+    {
+        ScriptedTree source({"a"});
+        OpenProxy proxy;
+        proxy.setSourceModel(&source);
+
+        QVERIFY(proxy.lessThan(QModelIndex(), source.index(0, 0)));
+        QVERIFY(!proxy.lessThan(source.index(0, 0), QModelIndex()));
+        QVERIFY(!proxy.lessThan(QModelIndex(), QModelIndex()));
     }
 
     void aSortFunctionDecidesAboutRowsThatComeLater()
@@ -462,6 +568,19 @@ private Q_SLOTS:
         QCOMPARE(log.take(), (QStringList{"layout changing /0", "layout changed /0", "layout changed"}));
     }
 
+    void theRepeatedLayoutChangeHasTheSameHint()
+    {
+        ScriptedTree source({"top", "  b"});
+        BaseFilterProxyModel proxy;
+        proxy.setSourceModel(&source);
+        const QPersistentModelIndex top = proxy.index(0, 0);
+        SignalLog log(proxy);
+
+        Q_EMIT proxy.layoutChanged({top}, QAbstractItemModel::VerticalSortHint);
+
+        QCOMPARE(log.take(), (QStringList{"layout changed /0 sorted rows", "layout changed sorted rows"}));
+    }
+
     void everyListenerHearsTheParentsFirst()
     {
         ScriptedTree source({"top", "  b", "  a"});
@@ -511,6 +630,14 @@ private Q_SLOTS:
 
         QCOMPARE(proxy.rowCount(), 0);
         proxy.sortByRole("display", Qt::DescendingOrder);
+    }
+
+    void withoutASourceNoRowIsAccepted()
+    {
+        OpenProxy proxy;
+
+        QVERIFY(!proxy.filterAcceptsRowInternal(0, {}));
+        QVERIFY(!proxy.filterRecursiveAcceptsRow(0, {}, true));
     }
 
     void aProxyWhoseSourceDiesIsEmpty()

@@ -225,6 +225,36 @@ private Q_SLOTS:
         QCOMPARE(predicate.proxy(), nullptr);
     }
 
+    void theModeThatItHasSwitchesNothingOff()
+    {
+        ScriptedTree source({"wood", "  oak"});
+        FilterProxyModel proxy(textPredicate("oak"));
+        LogCapture log;
+
+        proxy.setFilteringMode(BaseFilterProxyModel::Flat);
+        proxy.setSourceModel(&source);
+
+        QCOMPARE(treeLines(proxy), (QStringList{"wood", "  oak"}));
+        QCOMPARE(log.assertions(), QStringList());
+    }
+
+    void withoutASourceThePredicateIsNotAsked()
+    {
+        auto source = std::make_unique<ScriptedTree>(QStringList{"oak"});
+        QStringList asked;
+        FilterProxyModel proxy(new AskedPredicate("p", true, &asked));
+        proxy.setSourceModel(source.get());
+        QCOMPARE(proxy.rowCount(), 1);
+        asked.clear();
+
+        source.reset();
+        Q_EMIT proxy.predicate()->changed();
+        proxy.setSourceModel(nullptr);
+
+        QCOMPARE(proxy.rowCount(), 0);
+        QCOMPARE(asked, QStringList());
+    }
+
     // Intended: a mode switches the recursion off, which every filtered row then reports.
     void settingAModeBreaksTheAssertionButStillFilters()
     {

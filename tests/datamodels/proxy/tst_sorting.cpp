@@ -182,6 +182,17 @@ private Q_SLOTS:
         QVERIFY(!comparison.isLess(engineTime({std::uint16_t(year + 1), 1, 1, 0, 0, 0}), "no date"));
     }
 
+    void whatConvertsToTheEngineDateComparesAsThat()
+    {
+        QMetaType::registerConverter<QDate, DateTime>([](const QDate& date) {
+            return DateTime{std::uint16_t(date.year()), std::uint8_t(date.month()), std::uint8_t(date.day()), 0, 0, 0};
+        });
+        Comparison comparison;
+
+        QVERIFY(comparison.isLess(engineTime({2021, 5, 16, 9, 0, 0}), QDate(2021, 5, 17)));
+        QVERIFY(!comparison.isLess(engineTime({2021, 5, 18, 0, 0, 0}), QDate(2021, 5, 17)));
+    }
+
     void aSortPlacesEveryRowAsComparingTheValuesThemselvesDoes_data()
     {
         QTest::addColumn<int>("kind");

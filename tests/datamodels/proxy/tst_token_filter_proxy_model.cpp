@@ -1,5 +1,7 @@
 #include <datamodels/proxy/token_filter_proxy_model.h>
 
+#include <host/base/stack_tracker.h>
+
 #include <support/scripted_tree.h>
 #include <support/signal_log.h>
 #include <support/tree_lines.h>
@@ -72,6 +74,21 @@ private Q_SLOTS:
         QCOMPARE(treeLines(proxy), QStringList{"ba"});
     }
 
+    void onlySpacesPartTokens()
+    {
+        ScriptedTree source({"b a"});
+        source.change(source.index(0, 0), "a\tb", ScriptedTree::KindRole);
+        TokenFilterProxyModel proxy;
+        proxy.setSourceModel(&source);
+
+        proxy.setFilterTokens("a\tb");
+        QCOMPARE(proxy.rowCount(), 0);
+
+        proxy.addFilterRole(ScriptedTree::KindRole);
+        proxy.setFilterTokens("A\tB");
+        QCOMPARE(proxy.rowCount(), 1);
+    }
+
     void allTokensMustStandInOneRole()
     {
         ScriptedTree source({"stone | kind=with moss", "mossy stone | kind=rock", "pebble | kind=stone, moss"});
@@ -124,6 +141,31 @@ private Q_SLOTS:
         proxy.setFilterTokens("new");
 
         QCOMPARE(heard, QString("old"));
+    }
+
+    void theTextIsAPropertyForQml()
+    {
+        TokenFilterProxyModel proxy;
+        const QMetaObject& meta = TokenFilterProxyModel::staticMetaObject;
+        const QMetaProperty tokens = meta.property(meta.indexOfProperty("filterTokens"));
+
+        QVERIFY(tokens.write(&proxy, " oak "));
+
+        QCOMPARE(tokens.read(&proxy).toString(), QString("oak"));
+        QCOMPARE(tokens.notifySignal().name(), QByteArray("filterTokensChanged"));
+        QVERIFY(tokens.isFinal());
+    }
+
+    void whoIsToldFindsTheSetterAmongTheStackEntries()
+    {
+        TokenFilterProxyModel proxy;
+        std::string entries;
+        connect(&proxy, &TokenFilterProxyModel::filterTokensChanged, this, [&] { entries = Ozy::StackTracker::describe(); });
+
+        proxy.setFilterTokens("oak");
+
+        QVERIFY(entries.starts_with("\n  in qelm::datamodels::proxy::TokenFilterProxyModel::setFilterTokens ("));
+        QCOMPARE(Ozy::StackTracker::describe(), std::string());
     }
 
     void theModeIsFlatUntilItIsSet()

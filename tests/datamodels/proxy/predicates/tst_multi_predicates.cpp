@@ -121,6 +121,17 @@ private Q_SLOTS:
         QCOMPARE(second->parent(), &all);
     }
 
+    void aNullInTheListIsReportedAndLeftOut()
+    {
+        auto* only = new AskedPredicate("a", true);
+        LogCapture log;
+
+        const AndPredicate all(std::vector<BasePredicate*>{nullptr, only});
+
+        QCOMPARE(log.assertions(), QStringList{"predicate"});
+        QCOMPARE(all.getPredicates(), std::vector<BasePredicate*>{only});
+    }
+
     void aListOfOneIsAListAndNotTheParent()
     {
         auto* only = new AskedPredicate("a", false);
@@ -255,6 +266,21 @@ private Q_SLOTS:
         QCOMPARE(log.take(), QStringList());
 
         first->setCurrentIndex(0);
+        QCOMPARE(log.take(), QStringList{"changed()"});
+    }
+
+    void aPredicateAddedAgainIsConnectedAgain()
+    {
+        auto* first = new SwitchPredicate;
+        auto* last = new SwitchPredicate;
+        AndPredicate all({first, last});
+        all.removePredicate(last);
+        all.addPredicate(last);
+        SignalLog log;
+        log.add(all, &BasePredicate::changed);
+
+        last->setCurrentIndex(0);
+
         QCOMPARE(log.take(), QStringList{"changed()"});
     }
 

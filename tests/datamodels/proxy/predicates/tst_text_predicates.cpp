@@ -275,6 +275,18 @@ private Q_SLOTS:
         QVERIFY(!predicate(row("moss", "dry")));
     }
 
+    void newRolesOfTokensNotifyInTheOrderOfAText()
+    {
+        TokensPredicate predicate;
+        predicate.setText("a b");
+        SignalLog log;
+        log.add(predicate, &TextPredicate::rolesChanged).add(predicate, &BasePredicate::changed);
+
+        predicate.setRoles({noteRole});
+
+        QCOMPARE(log.take(), (QStringList{"rolesChanged()", "changed()"}));
+    }
+
     void tokensShowTheMetaObjectOfText()
     {
         QCOMPARE(TokensPredicate().metaObject(), &TextPredicate::staticMetaObject);

@@ -17,13 +17,13 @@ thread_local int allocations = 0;
 
 // Qt's strings come from malloc and not from new, so that is what is counted; `new` calls it as well.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-extern "C" void __sanitizer_malloc_hook(const volatile void*, std::size_t)
+extern "C" Q_DECL_EXPORT void __sanitizer_malloc_hook(const volatile void*, std::size_t)
 {
     ++allocations;
 }
 #else
 extern "C" void* __libc_malloc(std::size_t size);
-extern "C" void* malloc(std::size_t size) noexcept
+extern "C" Q_DECL_EXPORT void* malloc(std::size_t size) noexcept
 {
     ++allocations;
     return __libc_malloc(size);

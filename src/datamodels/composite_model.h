@@ -25,9 +25,11 @@ struct ModelScopes;
 /// known. Signals of a model are told for the rows below which something is known. A reset of a model is the removal
 /// of all rows of its mount and the insertion of the new ones. Roles in a `dataChanged` are the model's own numbers.
 /// Intended: a removal forgets one known row less than it removes, so that what stays shown behind it is shifted by
-/// one row. A mount is announced under an index that is not its parent's usual one: a sort-filter proxy that is on
-/// top already does not see it. So mount first, then stack proxies and connect views. A layout change for no parents
-/// in particular leaves the known rows where they were; a model with such changes is not for mounting.
+/// one row. A sort-filter proxy on top does not survive a model's removal of a row other than the last: mount such a
+/// model behind a proxy that tells removals as resets. A mount is announced under an index that is not its parent's
+/// usual one: a sort-filter proxy that is on top already does not see it. So mount first, then stack proxies and
+/// connect views. A layout change for no parents in particular leaves the known rows where they were; a model with
+/// such changes is not for mounting.
 ///
 /// The composite shares its models, and cannot unmount one. A model that dies all the same has no rows. Models must
 /// emit on the thread of the GUI. Indexes of other models have no rows and no values.

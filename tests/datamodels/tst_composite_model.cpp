@@ -1,5 +1,6 @@
 #include "titled_composite.h"
 
+#include <datamodels/proxy/tree_item_path_proxy_model.h>
 #include <support/log_capture.h>
 #include <support/paths.h>
 #include <support/signal_log.h>
@@ -10,6 +11,8 @@
 #include <QStandardItemModel>
 #include <QStringListModel>
 #include <QtTest>
+
+using qelm::datamodels::proxy::TreeItemPathProxyModel;
 
 namespace {
 
@@ -325,6 +328,18 @@ private Q_SLOTS:
         QCOMPARE(indexAt(composite, "/1/0").data(kind), QVariant("stone"));
     }
 
+    void aModelIsAskedForRoleMinusOneInPlaceOfARoleThatItHasNot()
+    {
+        TitledComposite composite;
+        composite.mount("m1", {"oak | kind=tree"});
+        const auto second = composite.mount("m2", {"rock"});
+        second->change(second->find("rock"), "odd", -1);
+        const int unknown = 9999;
+
+        QCOMPARE(composite.mapRoleToSource(second.get(), unknown), -1);
+        QCOMPARE(indexAt(composite, "/1/0").data(unknown), QVariant("odd"));
+    }
+
     void rolesAreMappedFromTheModelBehindAnIndex()
     {
         TitledComposite composite;
@@ -427,6 +442,24 @@ private Q_SLOTS:
         QCOMPARE(composite.data(other.index(0, 0)), QVariant());
         QVERIFY(!composite.setData(other.index(0, 0), 1));
         QCOMPARE(composite.mapRoleFromSorce(other.index(0, 0), ScriptedTree::KindRole), -1);
+    }
+
+    void aRowWithoutAnIndexInItsModelIsReportedAndHasNoValue()
+    {
+        ScriptedTree tree({"oak"});
+        const auto path = std::make_shared<TreeItemPathProxyModel>(true);
+        path->setSourceModel(&tree);
+        path->setSourceTailIndex(tree.find("oak"));
+        TitledComposite composite;
+        composite.addSubmodel("m", path);
+        LogCapture log;
+
+        const QModelIndex root = indexAt(composite, "/0/0");
+
+        QCOMPARE(log.assertions(), QStringList{"modelIndex_.isValid()"});
+        QCOMPARE(root.data(), QVariant());
+        QCOMPARE(composite.rowCount(root), 0);
+        QCOMPARE(indexAt(composite, "/0/1").data(), QVariant("oak"));
     }
 
     void aModelThatDiesAllTheSameHasNoRows()

@@ -213,6 +213,20 @@ private Q_SLOTS:
         QCOMPARE(treeLines(composite), (QStringList{"m", "  wood", "    oak", "    elm", "      acorn"}));
     }
 
+    // Intended: of the one row that moves the slot stays, and an empty one opens at its destination.
+    void aMoveOfOneRowWithinItsParentIsToldButNotShown()
+    {
+        TitledComposite composite;
+        const auto model = composite.mount("m", {"oak", "elm", "ash"});
+        know(composite, {"/0/0", "/0/1", "/0/2"});
+        SignalLog log(composite);
+
+        model->move({}, 0, 1, {}, 3);
+
+        QCOMPARE(log.take(), (QStringList{"moving /0 [0..0] to /0 [3]", "moved /0 [0..0] to /0 [3]"}));
+        QCOMPARE(treeLines(composite), (QStringList{"m", "  oak", "  elm", "  ash"}));
+    }
+
     void persistentIndexesBelowMovedRowsBecomeInvalid()
     {
         TitledComposite composite;
@@ -279,6 +293,19 @@ private Q_SLOTS:
         QCOMPARE(log.take(), (QStringList{"removing /0/0 [0..1]", "removed /0/0 [0..1]",
                                           "inserting /0/0 [0..2]", "inserted /0/0 [0..2]"}));
         QCOMPARE(treeLines(composite), (QStringList{"a", "  m", "    ash", "    fir", "    box"}));
+    }
+
+    void theRowCountIsTheNewOneWhenTheRemovalOfAResetCloses()
+    {
+        TitledComposite composite;
+        const auto model = composite.mount("m", {"oak", "elm"});
+        QList<int> counts;
+        connect(&composite, &QAbstractItemModel::rowsRemoved, this,
+                [&](const QModelIndex& parent) { counts << composite.rowCount(parent); });
+
+        model->reset({"ash", "fir", "box"});
+
+        QCOMPARE(counts, QList<int>{3});
     }
 
     void aResetLeavesTheRowsOfOtherMounts()
@@ -368,6 +395,33 @@ private Q_SLOTS:
         Q_EMIT model->dataChanged({}, {}, {});
 
         QCOMPARE(log.take(), QStringList{"changed /0"});
+    }
+
+    void aChangeBetweenTwoParentsIsReported()
+    {
+        TitledComposite composite;
+        const auto model = composite.mount("m", {"oak", "  acorn"});
+        know(composite, {"/0/0/0"});
+        SignalLog log(composite);
+        LogCapture messages;
+
+        Q_EMIT model->dataChanged(model->find("oak"), model->find("acorn"), {});
+
+        QCOMPARE(messages.assertions(), QStringList{"topLeft.parent() == bottomRight.parent()"});
+        QCOMPARE(log.take(), QStringList{"changed /0/0"});
+    }
+
+    void anInsertionOfNoRowsIsReported()
+    {
+        TitledComposite composite;
+        const auto model = composite.mount("m", {"oak"});
+        LogCapture messages;
+
+        Q_EMIT model->rowsAboutToBeInserted({}, 1, 0, {});
+        Q_EMIT model->rowsInserted({}, 1, 0, {});
+
+        QCOMPARE(messages.assertions(), QStringList{"first <= last"});
+        QCOMPARE(treeLines(composite), (QStringList{"m", "  oak"}));
     }
 
     void aModelThatIsMountedTwiceIsToldTwiceOneInTheOther()

@@ -32,11 +32,10 @@ int insertionRow(const ElementList<T>& list, int row)
 }
 
 template <class T>
-T* ownedByCpp(const QModelIndex& index)
+T* ownedByCpp(void* element)
 {
-    auto* element = static_cast<T*>(index.internalPointer());
-    QQmlEngine::setObjectOwnership(static_cast<QObject*>(index.internalPointer()), QQmlEngine::CppOwnership);
-    return element;
+    QQmlEngine::setObjectOwnership(static_cast<QObject*>(element), QQmlEngine::CppOwnership);
+    return static_cast<T*>(element);
 }
 
 } // namespace
@@ -61,7 +60,7 @@ QModelIndex GraphModel::index(int row, int column, const QModelIndex& parent) co
 
 QModelIndex GraphModel::parent(const QModelIndex& child) const
 {
-    if (!child.isValid() || !child.internalPointer())
+    if (!elementOf(child))
         return {};
     const auto* element = data(child, itemDataRole).value<QObject*>();
     return qobject_cast<const Vertex*>(element) ? verticesIndex() : edgesIndex();
@@ -85,9 +84,10 @@ int GraphModel::columnCount(const QModelIndex&) const
 
 QVariant GraphModel::data(const QModelIndex& index, int role) const
 {
-    if (!index.isValid() || !index.internalPointer() || role != itemDataRole)
+    void* const element = elementOf(index);
+    if (!element || role != itemDataRole)
         return {};
-    return QVariant::fromValue(static_cast<QObject*>(index.internalPointer()));
+    return QVariant::fromValue(static_cast<QObject*>(element));
 }
 
 bool GraphModel::setData(const QModelIndex& index, const QVariant& value, int role)
@@ -104,29 +104,29 @@ void GraphModel::removeItem(const QModelIndex& index)
 {
     OZY_ASSERT(index.isValid());
     if (parent(index).row() != 0)
-        removeVertex(static_cast<Vertex*>(index.internalPointer()));
+        removeVertex(static_cast<Vertex*>(elementOf(index)));
     else
-        removeEdge(static_cast<Edge*>(index.internalPointer()));
+        removeEdge(static_cast<Edge*>(elementOf(index)));
 }
 
 Vertex* GraphModel::getVertex(const QModelIndex& ind) const
 {
     OZY_ASSERT(ind.isValid());
     OZY_ASSERT(parent(ind).row() == 1);
-    return ownedByCpp<Vertex>(ind);
+    return ownedByCpp<Vertex>(elementOf(ind));
 }
 
 Edge* GraphModel::getEdge(const QModelIndex& ind) const
 {
     OZY_ASSERT(ind.isValid());
     OZY_ASSERT(parent(ind).row() == 0);
-    return ownedByCpp<Edge>(ind);
+    return ownedByCpp<Edge>(elementOf(ind));
 }
 
 QObject* GraphModel::getItem(const QModelIndex& ind) const
 {
     OZY_ASSERT(ind.isValid());
-    return ownedByCpp<QObject>(ind);
+    return ownedByCpp<QObject>(elementOf(ind));
 }
 
 void GraphModel::clearData()

@@ -49,9 +49,9 @@ public:
     /// Removes the element of an index, a vertex together with its edges.
     virtual void removeItem(const QModelIndex& index);
 
-    /// The element of an index, which QML's collector leaves alone from now on; null for a container or an
-    /// invalid index. Intended: an index of the other container logs an assertion, and its element is given
-    /// all the same, under the wrong type: C++ callers look at the container first.
+    /// The element of an index, which QML's collector leaves alone from now on; null for a container, an
+    /// invalid index or one of another model. Intended: an index of the other container logs an assertion, and
+    /// its element is given all the same, under the wrong type: C++ callers look at the container first.
     Q_INVOKABLE virtual datamodels::Vertex* getVertex(const QModelIndex& ind) const;
     Q_INVOKABLE virtual datamodels::Edge* getEdge(const QModelIndex& ind) const;
     Q_INVOKABLE virtual QObject* getItem(const QModelIndex& ind) const;
@@ -96,6 +96,11 @@ private:
 
     QModelIndex edgesIndex() const { return createIndex(0, 0, nullptr); }
     QModelIndex verticesIndex() const { return createIndex(1, 0, nullptr); }
+    /// Null for a container and for an index of another model.
+    void* elementOf(const QModelIndex& index) const
+    {
+        return index.model() == this ? index.internalPointer() : nullptr;
+    }
     void unlistEdge(Edge* edge, Vertex* otherEnd, bool (Vertex::*erase)(Edge*));
     void replaceLists(QList<Vertex*> vertices, QList<Edge*> edges);
 

@@ -6,12 +6,14 @@ ModelElementsCounter::~ModelElementsCounter() = default;
 
 void ModelElementsCounter::setModel(QAbstractItemModel* model)
 {
-    if (m_model == model)
+    const bool hasModel = model != nullptr;
+    if (m_model == model && m_hasModel == hasModel)
         return;
     // Intended: this names the ends the wrong way round, so that an old model stays connected.
     if (m_model)
         disconnect(this, nullptr, m_model, nullptr);
     m_model = model;
+    m_hasModel = hasModel;
     Q_EMIT modelChanged();
     if (m_model) {
         connect(m_model, &QAbstractItemModel::modelReset, this, &ModelElementsCounter::onModelReset);

@@ -15,9 +15,9 @@
 ///
 /// Intended: rows inserted below a former leaf leave that leaf in the count of `Leafs` until the next reset. The
 /// signals of an earlier model stay connected, and their ranges are counted in the present model: do not give a
-/// counter another model while the old one still changes.
+/// counter another model while the old one still changes. A model that is set again is counted twice.
 ///
-/// Does not own the model. A model that dies leaves the last value behind, until the mode or the model is set. Thread:
+/// Does not own the model. A model that dies leaves the last value behind, until the mode or another model, or null, is set. Thread:
 /// GUI only. Cost: one `index` and one `rowCount` a row counted; `RootChildren` counts in constant time.
 class DATAMODELS_API ModelElementsCounter : public QObject, public QQmlParserStatus
 {
@@ -63,6 +63,7 @@ private:
     void updateValue();
 
     QPointer<QAbstractItemModel> m_model;
+    bool m_hasModel = false; // stays true for one that has died, so that null is a change
     Mode m_mode = All;
     int m_value = 0;
     bool m_complete = true;

@@ -7,7 +7,19 @@
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 namespace qelm::datamodels::proxy {
+namespace {
+
+bool isOf(const QAbstractItemModel* model, const QItemSelection& selection)
+{
+    return std::all_of(selection.begin(), selection.end(), [model](const QItemSelectionRange& range) {
+        return !range.isValid() || range.model() == model;
+    });
+}
+
+} // namespace
 
 LinkItemSelectionModel::LinkItemSelectionModel(QAbstractItemModel* model, QItemSelectionModel* linked, QObject* parent)
     : QItemSelectionModel(model, parent), m_model(model), m_linkedItemSelectionModel(linked)
@@ -70,22 +82,26 @@ void LinkItemSelectionModel::select(const QItemSelection& selection, SelectionFl
 {
     const bool linked =
         OZY_ASSERT_DETAIL("qelm::datamodels::proxy::LinkItemSelectionModel::select: unexpected state", m_indexMapper);
+    // Neither Qt nor the proxies that map survive rows of another model.
+    if (!isOf(model(), selection))
+        return;
     const QScopedValueRollback<bool> forwarding(m_forwarding, true);
     QItemSelectionModel::select(selection, flags);
-    if (linked && m_indexMapper && m_linkedItemSelectionModel)
+    if (linked && m_indexMapper && m_linkedItemSelectionModel && isOf(m_model, selection))
         m_linkedItemSelectionModel->select(m_indexMapper->mapSelectionLeftToRight(selection), flags);
 }
 
 void LinkItemSelectionModel::select(const QModelIndex& index, SelectionFlags flags)
 {
-    if (m_forwarding)
+    const QItemSelection selection(index, index);
+    if (m_forwarding || !isOf(model(), selection))
         return;
-    QItemSelectionModel::select(QItemSelection(index, index), flags);
-    if (!m_indexMapper || !m_linkedItemSelectionModel)
+    QItemSelectionModel::select(selection, flags);
+    if (!m_indexMapper || !m_linkedItemSelectionModel || !isOf(m_model, selection))
         return;
     // Intended: an invalid index clears the other side whatever the flags.
     if (index.isValid())
-        m_linkedItemSelectionModel->select(m_indexMapper->mapSelectionLeftToRight(QItemSelection(index, index)), flags);
+        m_linkedItemSelectionModel->select(m_indexMapper->mapSelectionLeftToRight(selection), flags);
     else
         m_linkedItemSelectionModel->clearSelection();
 }

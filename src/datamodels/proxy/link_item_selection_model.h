@@ -27,8 +27,8 @@ namespace qelm::datamodels::proxy {
 /// signal of the property is never sent.
 ///
 /// Owns neither model nor selection; each may die first, after which nothing is forwarded. Selecting while unlinked
-/// fails the assertion "m_indexMapper" and selects on this side only. Thread: GUI only. Cost: that of mapping the
-/// selection through the chain.
+/// fails the assertion "m_indexMapper" and selects on this side only. Rows of another model are not selected. Thread:
+/// GUI only. Cost: that of mapping the selection through the chain.
 class DATAMODELS_API LinkItemSelectionModel : public QItemSelectionModel
 {
     Q_OBJECT

@@ -3,6 +3,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
+#include <QStringListModel>
 #include <QtTest>
 
 #include <type_traits>
@@ -63,6 +64,14 @@ private Q_SLOTS:
 
         QVERIFY(!palette.index(0).data(Qt::DisplayRole).isValid());
         QVERIFY(!palette.data(QModelIndex(), 256).isValid());
+    }
+
+    void anIndexOfAnotherModelPastTheItemsHasNoData()
+    {
+        const Palette palette;
+        const QStringListModel other({"a", "b", "c"});
+
+        QVERIFY(!palette.data(other.index(2), 256).isValid());
     }
 
     void aRequestIsMadeOnlyFromOutside()

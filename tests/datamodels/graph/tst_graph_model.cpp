@@ -5,6 +5,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QQmlEngine>
+#include <QStandardItemModel>
 #include <QtTest>
 
 using datamodels::Edge;
@@ -199,6 +200,21 @@ private Q_SLOTS:
         QCOMPARE(record.take(), (QStringList{"inserting /1 [1..1]", "inserted /1 [1..1]"}));
     }
 
+    void anEdgeEntersAtTheRowAskedFor()
+    {
+        GraphModel model;
+        Edge* ab = edge(a, b);
+        Edge* bc = edge(b, c);
+        model.addEdge(ab);
+        SignalLog record;
+        record.addAll(model);
+
+        QVERIFY(model.addEdge(bc, 0));
+
+        QCOMPARE(model.getEdges(), (QList<Edge*>{bc, ab}));
+        QCOMPARE(record.take(), (QStringList{"inserting /0 [0..0]", "inserted /0 [0..0]"}));
+    }
+
     void anElementIsListedOnce()
     {
         GraphModel model;
@@ -328,6 +344,22 @@ private Q_SLOTS:
         QCOMPARE(outEdgesInsideTheBracket, std::size_t(0));
         QCOMPARE(b->getInEdgesCount(), std::size_t(0));
         QCOMPARE(record.take(), (QStringList{"removing /0 [0..0]", "removed /0 [0..0]"}));
+    }
+
+    void removingAVertexLeavesTheBooksOfTheOtherEndInsideTheBracket()
+    {
+        GraphModel model;
+        model.resetData({a, b}, {});
+        model.addEdge(edge(a, b));
+        QStringList seen;
+        connect(&model, &GraphModel::rowsAboutToBeRemoved, this,
+                [&] { seen << QStringLiteral("before %1").arg(a->getOutEdgesCount()); });
+        connect(&model, &GraphModel::rowsRemoved, this,
+                [&] { seen << QStringLiteral("after %1").arg(a->getOutEdgesCount()); });
+
+        model.removeVertex(b);
+
+        QCOMPARE(seen, (QStringList{"before 1", "after 0", "before 0", "after 0"}));
     }
 
     void removingAnEdgeThatIsNotThereOnlyFailsTheAssertion()
@@ -520,6 +552,35 @@ private Q_SLOTS:
         model.removeItem(QModelIndex());
 
         QCOMPARE(log.assertions(), (QStringList{"index.isValid()", "v"}));
+    }
+
+    void removingAContainerFailsTheAssertion()
+    {
+        GraphModel model;
+        model.addVertex(a);
+        LogCapture log;
+
+        model.removeItem(verticesOf(model));
+
+        QCOMPARE(log.assertions(), (QStringList{"v"}));
+        QCOMPARE(labels(model), (QStringList{"a"}));
+    }
+
+    void anIndexOfAnotherModelHasNoElement()
+    {
+        GraphModel model;
+        QStandardItemModel other;
+        other.appendRow(new QStandardItem("x"));
+        const QModelIndex foreign = other.index(0, 0);
+        const LogCapture log;
+
+        model.removeItem(foreign);
+
+        QVERIFY(!model.data(foreign, 256).isValid());
+        QVERIFY(!model.parent(foreign).isValid());
+        QCOMPARE(model.getVertex(foreign), nullptr);
+        QCOMPARE(model.getEdge(foreign), nullptr);
+        QCOMPARE(model.getItem(foreign), nullptr);
     }
 
     void aMoveUpMovesTheVertexAndTellsSo()

@@ -145,11 +145,15 @@ private Q_SLOTS:
         RecordedVertex record(vertex);
 
         vertex.setCenterX(notANumber);
+        vertex.setCenterY(notANumber);
+        vertex.setCenterZ(notANumber);
         vertex.setWidth(notANumber);
+        vertex.setHeight(notANumber);
         vertex.setCenterPosition({static_cast<float>(notANumber), 0, 0});
 
-        QCOMPARE(vertex.getCenterX(), 0.0);
+        QVERIFY(vertex.getCenterPosition() == (Ozy::Vector3{0, 0, 0}));
         QCOMPARE(vertex.getWidth(), 180.0);
+        QCOMPARE(vertex.getHeight(), 32.0);
         QCOMPARE(record.entries, QStringList());
     }
 

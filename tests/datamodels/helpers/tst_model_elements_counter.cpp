@@ -171,6 +171,21 @@ private Q_SLOTS:
         QCOMPARE(counter.value(), 6);
     }
 
+    void aModelThatIsSetAgainIsCountedTwice()
+    {
+        ScriptedTree tree({"a"});
+        ModelElementsCounter counter;
+        counter.setModel(&tree);
+        counter.setModel(nullptr);
+        counter.setModel(&tree);
+
+        tree.insert({}, 0, {"x"});
+        QCOMPARE(counter.value(), 3);
+
+        tree.reset({"a", "b"});
+        QCOMPARE(counter.value(), 2);
+    }
+
     void anEarlierModelIsIgnoredWithoutAPresentOne()
     {
         ScriptedTree before({"a"});
@@ -196,6 +211,22 @@ private Q_SLOTS:
 
         counter.setMode(ModelElementsCounter::Leafs);
         QCOMPARE(counter.value(), 0);
+    }
+
+    void nullInPlaceOfADeadModelIsZero()
+    {
+        auto tree = std::make_unique<ScriptedTree>(QStringList{"a"});
+        ModelElementsCounter counter;
+        counter.setModel(tree.get());
+        tree.reset();
+        SignalLog log;
+        log.addAll(counter);
+
+        counter.setModel(nullptr);
+        counter.setModel(nullptr);
+
+        QCOMPARE(counter.value(), 0);
+        QCOMPARE(log.take(), (QStringList{"modelChanged()", "valueChanged()"}));
     }
 
     void untilTheElementIsCompleteNothingIsCounted()

@@ -38,6 +38,25 @@ public:
     QQuickItem item;
 };
 
+/// A grid whose content is an object to whoever asks.
+class LooseGrid : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(double cellWidth READ cellWidth CONSTANT)
+    Q_PROPERTY(bool keyNavigationEnabled READ keyNavigationEnabled CONSTANT)
+    Q_PROPERTY(QObject* contentItem READ contentItem CONSTANT)
+
+public:
+    explicit LooseGrid(QObject* content) : m_content(content) {}
+
+    double cellWidth() const { return 10; }
+    bool keyNavigationEnabled() const { return true; }
+    QObject* contentItem() const { return m_content; }
+
+private:
+    QObject* m_content;
+};
+
 QStringList numbered(int count)
 {
     QStringList names;
@@ -210,6 +229,20 @@ private Q_SLOTS:
         QCOMPARE(selection->currentIndex().row(), 4);
     }
 
+    void theContentMayBeKnownAsAnObjectOnly()
+    {
+        QQuickItem content;
+        content.setWidth(40);
+        LooseGrid grid(&content);
+        selector->setTarget(&grid);
+        setCurrent(1);
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+
+        QCoreApplication::sendEvent(&grid, &down);
+
+        QCOMPARE(selection->currentIndex().row(), 5);
+    }
+
     void arrowsAreTakenFromTheViewAndOtherKeysLeft()
     {
         PlainGrid grid(4);
@@ -283,6 +316,16 @@ private Q_SLOTS:
         setCurrent(3);
 
         selector->pressed(-1);
+
+        QCOMPARE(selectedRows(*selection), QString());
+        QVERIFY(!selection->currentIndex().isValid());
+    }
+
+    void aPressPastTheRowsClearsToo()
+    {
+        setCurrent(3);
+
+        selector->pressed(99);
 
         QCOMPARE(selectedRows(*selection), QString());
         QVERIFY(!selection->currentIndex().isValid());

@@ -204,6 +204,35 @@ private Q_SLOTS:
         QCOMPARE(selected(chain.linked), QStringList());
     }
 
+    void aLayoutChangeIsToldOnTheLeftStepByStep()
+    {
+        Chain chain;
+        chain.link->select(chain.onFilter("ash", "oak"), QItemSelectionModel::Select);
+        chain.link->setCurrentIndex(chain.onFilter("elm"), QItemSelectionModel::NoUpdate);
+        QStringList told;
+        connect(chain.link.get(), &QItemSelectionModel::selectionChanged, this,
+                [&] { told << "selected " + selected(*chain.link).join(','); });
+        connect(chain.link.get(), &QItemSelectionModel::currentChanged, this,
+                [&] { told << "current " + current(*chain.link); });
+
+        Q_EMIT chain.filter.layoutChanged();
+
+        QCOMPARE(told, (QStringList{"selected ", "selected ash,elm,oak", "selected ", "current ", "selected elm",
+                                    "current elm"}));
+    }
+
+    void whileASelectionGoesOutAnIndexIsIgnored()
+    {
+        Chain chain;
+        connect(&chain.linked, &QItemSelectionModel::selectionChanged, this,
+                [&] { chain.link->select(chain.onFilter("oak"), QItemSelectionModel::Select); });
+
+        chain.link->select(chain.onFilter("ash", "ash"), QItemSelectionModel::Select);
+
+        QCOMPARE(selected(*chain.link), QStringList{"ash"});
+        QCOMPARE(selected(chain.linked), QStringList{"ash"});
+    }
+
     void rowsThatAppearTakeTheLinkedSelectionOver()
     {
         Chain chain;
@@ -264,6 +293,72 @@ private Q_SLOTS:
 
         QCOMPARE(log.take(), QStringList());
         QCOMPARE(messages.assertions(), QStringList());
+    }
+
+    void onceUnlinkedTheLeftModelIsNotHeardEither()
+    {
+        Chain chain;
+        chain.link->setLinkedItemSelectionModel(nullptr);
+        LogCapture messages;
+
+        chain.filter.setFilterRegularExpression("");
+
+        QCOMPARE(messages.assertions(), QStringList());
+    }
+
+    void aLinkedSelectionWithoutAModelIsNotLinked()
+    {
+        Chain chain;
+        QItemSelectionModel empty;
+        chain.link->select(chain.onFilter("elm"), QItemSelectionModel::Select);
+
+        chain.link->setLinkedItemSelectionModel(&empty);
+
+        QCOMPARE(selected(*chain.link), QStringList());
+        QCOMPARE(chain.link->linkedItemSelectionModel(), &empty);
+    }
+
+    void anotherModelOfTheBaseIsNotTheLeftOne()
+    {
+        Chain chain;
+        ScriptedTree other({"pine"});
+        chain.link->setModel(&other);
+        chain.link->select(other.find("pine"), QItemSelectionModel::Select);
+        QCOMPARE(selected(*chain.link), QStringList{"pine"});
+        QVERIFY(!chain.linked.hasSelection());
+
+        chain.link->setModel(&chain.filter);
+        chain.linked.select(chain.list.find("elm"), QItemSelectionModel::Select);
+
+        QCOMPARE(selected(*chain.link), QStringList{"elm"});
+    }
+
+    void itsSlotsFailTheirAssertionsWhileUnlinked()
+    {
+        LinkItemSelectionModel link;
+        LogCapture log;
+
+        QMetaObject::invokeMethod(&link, "modelReset");
+        QMetaObject::invokeMethod(&link, "sourceSelectionChanged", Q_ARG(QItemSelection, {}), Q_ARG(QItemSelection, {}));
+        QMetaObject::invokeMethod(&link, "sourceCurrentChanged", Q_ARG(QModelIndex, {}));
+        QMetaObject::invokeMethod(&link, "slotCurrentChanged", Q_ARG(QModelIndex, {}));
+
+        const QString text = "m_indexMapper (qelm::datamodels::proxy::LinkItemSelectionModel::%1: unexpected state)";
+        QCOMPARE(log.assertions(), (QStringList{text.arg("rebuild"), text.arg("sourceSelectionChanged"),
+                                                text.arg("sourceCurrentChanged"), text.arg("slotCurrentChanged")}));
+    }
+
+    void rowsOfAnotherModelAreNotSelected()
+    {
+        Chain chain;
+        ScriptedTree other({"pine"});
+        const QModelIndex pine = other.find("pine");
+
+        chain.link->select(pine, QItemSelectionModel::Select);
+        chain.link->select(QItemSelection(pine, pine), QItemSelectionModel::Select);
+
+        QVERIFY(!chain.link->hasSelection());
+        QVERIFY(!chain.linked.hasSelection());
     }
 
     void anotherLinkedSelectionIsTakenOver()
@@ -331,6 +426,22 @@ private Q_SLOTS:
 
         QCOMPARE(selected(link), (QStringList{"ash", "elm"}));
         QCOMPARE(link.linkedItemSelectionModel(), nullptr);
+    }
+
+    void aSourceThatDiesLeavesNothingSelected()
+    {
+        auto list = std::make_unique<ScriptedTree>(QStringList{"ash", "elm"});
+        QItemSelectionModel linked(list.get(), nullptr);
+        QSortFilterProxyModel filter;
+        filter.setSourceModel(list.get());
+        LinkItemSelectionModel link(&filter, &linked);
+        link.select(filter.index(0, 0), QItemSelectionModel::Select);
+
+        list.reset();
+        link.select(QModelIndex(), QItemSelectionModel::Select);
+
+        QCOMPARE(selected(link), QStringList());
+        QCOMPARE(selected(linked), QStringList());
     }
 
     void aFilterThatDiesEndsTheForwarding()

@@ -192,6 +192,29 @@ private Q_SLOTS:
         QCOMPARE(proxy->index(2, 0).data(), QVariant("twig"));
     }
 
+    void aRemovedRowHasNoValueAndNoSourceIndex()
+    {
+        proxy->setSourceRoot(source->find("elm"));
+        const QModelIndex twig = proxy->index(1, 0);
+
+        source->remove(source->find("elm"), 1);
+
+        QCOMPARE(proxy->mapToSource(twig), QModelIndex());
+        QCOMPARE(proxy->data(twig), QVariant());
+    }
+
+    void withTheRootGoneCountsAreTheWholeSourcesButIndexesFail()
+    {
+        proxy->setSourceRoot(source->find("elm"));
+        source->remove({}, 1);
+        LogCapture log;
+
+        QVERIFY(!proxy->sourceRoot().isValid());
+        QCOMPARE(proxy->rowCount(), 2);
+        QVERIFY(!proxy->index(0, 0).isValid());
+        QCOMPARE(log.assertions(), QStringList{"parentIt != itemsMap_.cend()"});
+    }
+
     void anotherSourceIsShownFromTheNextRootOn()
     {
         ScriptedTree other({"pine", "  cone"});
@@ -208,6 +231,18 @@ private Q_SLOTS:
         proxy->setSourceRoot(source->find("elm"));
 
         QCOMPARE(proxy->mapToSource(source->find("leaf")), QModelIndex());
+        QCOMPARE(proxy->data(source->find("leaf")), QVariant());
+    }
+
+    void anIndexOfAnotherSourceFailsAnAssertion()
+    {
+        ScriptedTree other({"pine", "  cone"});
+        proxy->setSourceRoot(source->find("elm"));
+        LogCapture log;
+
+        QVERIFY(!proxy->mapFromSource(other.find("cone")).isValid());
+
+        QCOMPARE(log.assertions(), QStringList{"parentIt != itemsMap_.cend()"});
     }
 
     void aSourceThatDiesLeavesNothing()

@@ -266,6 +266,32 @@ private Q_SLOTS:
         QCOMPARE(log.take(), QStringList());
     }
 
+    void aChangeBetweenTwoParentsFailsAnAssertion()
+    {
+        TreeItemPathProxyModel path;
+        path.setSourceModel(source);
+        path.setSourceTailIndex(source->find("twig"));
+        SignalLog log(path);
+        LogCapture messages;
+
+        Q_EMIT source->dataChanged(source->find("elm"), source->find("branch"), {});
+
+        QCOMPARE(messages.assertions(), QStringList{"topLeft.parent() == bottomRight.parent()"});
+        QCOMPARE(log.take(), QStringList());
+    }
+
+    void aChangeOfNoIndexIsNotTold()
+    {
+        TreeItemPathProxyModel path(true);
+        path.setSourceModel(source);
+        path.setSourceTailIndex(source->find("twig"));
+        SignalLog log(path);
+
+        Q_EMIT source->dataChanged({}, {}, {});
+
+        QCOMPARE(log.take(), QStringList());
+    }
+
     void rowsThatHaveBecomeSiblingsAreToldInOneStretchIfAdjacent()
     {
         TreeItemPathProxyModel path;

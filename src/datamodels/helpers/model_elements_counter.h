@@ -17,8 +17,8 @@
 /// signals of an earlier model stay connected, and their ranges are counted in the present model: do not give a
 /// counter another model while the old one still changes. A model that is set again is counted twice.
 ///
-/// Does not own the model. A model that dies leaves the last value behind, until the mode or another model, or null, is set. Thread:
-/// GUI only. Cost: one `index` and one `rowCount` a row counted; `RootChildren` counts in constant time.
+/// Does not own the model. A model that dies leaves the last value behind, until the mode, another model or null is set.
+/// Thread: GUI only. Cost: one `index` and one `rowCount` a row counted; `RootChildren` counts in constant time.
 class DATAMODELS_API ModelElementsCounter : public QObject, public QQmlParserStatus
 {
     Q_OBJECT

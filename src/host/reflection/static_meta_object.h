@@ -143,6 +143,13 @@ public:
     {
         return add<ValueProperty<T, Getter, Setter>>(own(annotations...), std::move(name), getter, setter, false);
     }
+    /// A data member that takes every value.
+    template <class Field, class Class, class... Values>
+    Builder& field(std::string name, Field Class::*field, Values&&... annotations)
+    {
+        return value(std::move(name), field, [field](T& object, const Field& set) { object.*field = set; },
+                     std::forward<Values>(annotations)...);
+    }
     template <class Getter, class... Values>
     Builder& readOnly(std::string name, Getter getter, Values&&... annotations)
     {
@@ -201,6 +208,12 @@ public:
     Group& value(Arguments&&... arguments)
     {
         m_builder.value(std::forward<Arguments>(arguments)...);
+        return *this;
+    }
+    template <class... Arguments>
+    Group& field(Arguments&&... arguments)
+    {
+        m_builder.field(std::forward<Arguments>(arguments)...);
         return *this;
     }
     template <class... Arguments>

@@ -15,16 +15,6 @@ Meta::IconButton button(const char* on, const char* off, std::size_t position)
     return button;
 }
 
-template <auto field>
-struct FieldOf;
-template <class T, class V, V T::*field>
-struct FieldOf<field>
-{
-    static void set(T& object, const V& value) { object.*field = value; }
-};
-template <auto field>
-constexpr auto setField = &FieldOf<field>::set;
-
 } // namespace
 
 template <>
@@ -34,8 +24,8 @@ struct zarn::Reflection<stage::Limits>
     static void declare(StaticMetaObject<stage::Limits>::Builder& limits)
     {
         using stage::Limits;
-        limits.value("reach", &Limits::reach, setField<&Limits::reach>)
-            .value("isOpen", &Limits::isOpen, setField<&Limits::isOpen>, button("open", "closed", 4));
+        limits.field("reach", &Limits::reach)
+            .field("isOpen", &Limits::isOpen, button("open", "closed", 4));
     }
 };
 
@@ -46,13 +36,13 @@ struct zarn::Reflection<stage::Actor>
     static void declare(StaticMetaObject<stage::Actor>::Builder& actor)
     {
         using stage::Actor;
-        actor.value("_objectName", &Actor::name, setField<&Actor::name>)
-            .value("_objectIcon", &Actor::icon, setField<&Actor::icon>)
-            .value("_objectState", &Actor::state, setField<&Actor::state>)
+        actor.field("_objectName", &Actor::name)
+            .field("_objectIcon", &Actor::icon)
+            .field("_objectState", &Actor::state)
             .readOnly("_typeName", [] { return std::string("Actor"); })
-            .value("_isEnabled", &Actor::isEnabled, setField<&Actor::isEnabled>)
-            .value("_isModified", &Actor::isModified, setField<&Actor::isModified>)
-            .value("isVisible", &Actor::isVisible, setField<&Actor::isVisible>, button("eye", "shut", 2),
+            .field("_isEnabled", &Actor::isEnabled)
+            .field("_isModified", &Actor::isModified)
+            .field("isVisible", &Actor::isVisible, button("eye", "shut", 2),
                    Meta::ToolTip("Show"))
             .method(
                 "reset", [](Actor& self) { ++self.resets; }, button("reset", "reset", 3))
@@ -68,7 +58,7 @@ struct zarn::Reflection<stage::Plain>
     static void declare(StaticMetaObject<stage::Plain>::Builder& plain)
     {
         using stage::Plain;
-        plain.value("shown", &Plain::shown, setField<&Plain::shown>, Meta::SceneItem(), Meta::Label::Text("Shown"),
+        plain.field("shown", &Plain::shown, Meta::SceneItem(), Meta::Label::Text("Shown"),
                     Meta::Expanded(false));
     }
 };

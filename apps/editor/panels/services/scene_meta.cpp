@@ -5,22 +5,6 @@
 
 // What the objects of the sample scene are made of, as tables: names, access, labels, bounds.
 
-namespace {
-
-template <auto field>
-struct FieldOf;
-template <class T, class V, V T::*field>
-struct FieldOf<field>
-{
-    static void set(T& object, const V& value) { object.*field = value; }
-};
-
-/// Writes a field that takes every value.
-template <auto field>
-constexpr auto setField = &FieldOf<field>::set;
-
-} // namespace
-
 template <>
 struct zarn::Reflection<editor::Position>
 {
@@ -29,9 +13,9 @@ struct zarn::Reflection<editor::Position>
     {
         using editor::Position;
         position.with(Meta::Precision{2}, Meta::MinMax(-500.0, 500.0))
-            .value("x", &Position::x, setField<&Position::x>, Meta::Label::Text("Position x"))
-            .value("y", &Position::y, setField<&Position::y>, Meta::Label::Text("Position y"))
-            .value("z", &Position::z, setField<&Position::z>, Meta::Label::Text("Position z"));
+            .field("x", &Position::x, Meta::Label::Text("Position x"))
+            .field("y", &Position::y, Meta::Label::Text("Position y"))
+            .field("z", &Position::z, Meta::Label::Text("Position z"));
     }
 };
 
@@ -42,8 +26,8 @@ struct zarn::Reflection<editor::SceneNode>
     static void declare(StaticMetaObject<editor::SceneNode>::Builder& node)
     {
         using editor::SceneNode;
-        node.value("name", &SceneNode::name, setField<&SceneNode::name>, Meta::Label::Text("Name"))
-            .value("enabled", &SceneNode::isEnabled, setField<&SceneNode::isEnabled>,
+        node.field("name", &SceneNode::name, Meta::Label::Text("Name"))
+            .field("enabled", &SceneNode::isEnabled,
                    Meta::Label::Text("Enabled"))
             .readOnly(
                 "position", [](SceneNode& self) { return &self.position; }, Meta::Label::Text("Position"),
@@ -63,7 +47,7 @@ struct zarn::Reflection<editor::Basin>
     static void declare(StaticMetaObject<editor::Basin>::Builder& basin)
     {
         using editor::Basin;
-        basin.value("level", &Basin::level, setField<&Basin::level>, Meta::Label::Text("Water level"),
+        basin.field("level", &Basin::level, Meta::Label::Text("Water level"),
                     Meta::Precision{2}, Meta::MinMax(0.0, Basin::highest),
                     Meta::ToolTip("Metres above the sill"));
         basin.method("fill", &Basin::fill, Meta::Label::Text("Fill"));
@@ -80,11 +64,11 @@ struct zarn::Reflection<editor::Barge>
     {
         using editor::Barge;
         barge.with(Meta::Precision{1})
-            .value("speed", &Barge::speed, setField<&Barge::speed>, Meta::Label::Text("Speed"),
+            .field("speed", &Barge::speed, Meta::Label::Text("Speed"),
                    Meta::MinMax(0.0, 12.0), Meta::ToolTip("Kilometres an hour"))
-            .value("length", &Barge::length, setField<&Barge::length>, Meta::Label::Text("Length"),
+            .field("length", &Barge::length, Meta::Label::Text("Length"),
                    Meta::MinMax(6.0, 40.0), Meta::ToolTip("Metres"));
-        barge.value("bells", &Barge::bells, setField<&Barge::bells>, Meta::Label::Text("Bells rung"),
+        barge.field("bells", &Barge::bells, Meta::Label::Text("Bells rung"),
                     Meta::Precision{0}, Meta::MinMax(0, 99));
         barge.method("ringBell", &Barge::ringBell, Meta::Label::Text("Ring bell"));
         barge.method("stop", &Barge::stop, Meta::Label::Text("Stop"));
@@ -99,10 +83,10 @@ struct zarn::Reflection<editor::Lamp>
     static void declare(StaticMetaObject<editor::Lamp>::Builder& lamp)
     {
         using editor::Lamp;
-        lamp.value("brightness", &Lamp::brightness, setField<&Lamp::brightness>,
+        lamp.field("brightness", &Lamp::brightness,
                    Meta::Label::Text("Brightness"), Meta::Precision{0}, Meta::MinMax(0, 100),
                    Meta::ToolTip("Per cent"));
-        lamp.value("range", &Lamp::range, setField<&Lamp::range>, Meta::Label::Text("Range"),
+        lamp.field("range", &Lamp::range, Meta::Label::Text("Range"),
                    Meta::Precision{1}, Meta::MinMax(0.5, 60.0), Meta::ToolTip("Metres"));
         lamp.method("dim", &Lamp::dim, Meta::Label::Text("Dim"));
     }
@@ -116,7 +100,7 @@ struct zarn::Reflection<editor::Gate>
     static void declare(StaticMetaObject<editor::Gate>::Builder& gate)
     {
         using editor::Gate;
-        gate.value("opening", &Gate::opening, setField<&Gate::opening>, Meta::Label::Text("Opening"),
+        gate.field("opening", &Gate::opening, Meta::Label::Text("Opening"),
                    Meta::Precision{0}, Meta::MinMax(0.0, Gate::widest), Meta::ToolTip("Degrees"));
         gate.method("open", &Gate::open, Meta::Label::Text("Open gate"));
         gate.method("close", &Gate::close, Meta::Label::Text("Close gate"));

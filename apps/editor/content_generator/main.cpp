@@ -14,6 +14,7 @@ int main(int argc, char** argv)
     generator::writeImages(content);
     generator::writeMaps(content);
     generator::writeLevels(content);
+    generator::writeScenes(content);
     generator::writeModels(content);
     generator::writeMaterials(content);
     generator::writeTexts(content);

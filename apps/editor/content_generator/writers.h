@@ -10,6 +10,7 @@ void writeAtlasTextures(ContentFolder& content); ///< textures/tiles: triples fo
 void writeImages(ContentFolder& content);        ///< textures: everything else that is an image
 void writeMaps(ContentFolder& content);          ///< scripts/arena_defs
 void writeLevels(ContentFolder& content);        ///< levels
+void writeScenes(ContentFolder& content);        ///< the scene of one level, for the scene panel
 void writeModels(ContentFolder& content);        ///< models
 void writeMaterials(ContentFolder& content);     ///< materials
 void writeTexts(ContentFolder& content);         ///< localisation, sounds, effects, layouts

@@ -44,7 +44,7 @@ QByteArray valueText(const qelm::Variant& value)
 class Writer
 {
 public:
-    explicit Writer(bool withRows) : m_withRows(withRows) {}
+    explicit Writer(bool withRows) : m_withRows(withRows) { m_text.reserve(1024); }
 
     /// `head` goes ahead of the properties.
     void writeObject(const zarn::ReflectedObject& object, const QByteArray& head)

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <stdexcept>
+#include <string>
+
+/// A directory of the test's own on the real disk, which goes with the object. Paths are relative to it; what cannot be
+/// done throws.
+class DiskFolder
+{
+public:
+    /// The absolute path of a name, or of the folder itself.
+    QString path(const QString& name = {}) const
+    {
+        const QString top = QDir(m_directory.path()).canonicalPath();
+        return name.isEmpty() ? top : top + "/" + name;
+    }
+    std::string bytes(const QString& name = {}) const { return path(name).toStdString(); }
+
+    void makeDirectory(const QString& name) const { check(QDir().mkpath(path(name)), name); }
+    /// Makes the directories on the way as well.
+    void write(const QString& name, const QByteArray& text = {}) const
+    {
+        makeDirectory(name.contains('/') ? name.section('/', 0, -2) : QString());
+        QFile file(path(name));
+        check(file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(text) == text.size(), name);
+    }
+    /// Files "file_0" to the last in each of the directories "dir_0" to the last.
+    void writeMany(int directories, int filesEach) const
+    {
+        for (int directory = 0; directory < directories; ++directory) {
+            makeDirectory(QString("dir_%1").arg(directory));
+            for (int file = 0; file < filesEach; ++file)
+                write(QString("dir_%1/file_%2").arg(directory).arg(file));
+        }
+    }
+    void link(const QString& target, const QString& name) const { check(QFile::link(target, path(name)), name); }
+    void rename(const QString& from, const QString& to) const { check(::rename(bytes(from).c_str(), bytes(to).c_str()) == 0, from); }
+    void remove(const QString& name) const { check(QFile::remove(path(name)), name); }
+    void removeTree(const QString& name) const { check(QDir(path(name)).removeRecursively(), name); }
+
+private:
+    static void check(bool isDone, const QString& name)
+    {
+        if (!isDone)
+            throw std::runtime_error("disk refuses " + name.toStdString());
+    }
+
+    QTemporaryDir m_directory;
+};

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <stdexcept>
@@ -13,6 +14,17 @@
 class DiskFolder
 {
 public:
+    enum Size
+    {
+        Small,
+        Large ///< in memory where there is room, for ten thousands of files that a disk takes its time to delete
+    };
+
+    explicit DiskFolder(Size size = Small)
+        : m_directory((size == Large && QFileInfo("/dev/shm").isWritable() ? "/dev/shm" : QDir::tempPath()) + "/files-XXXXXX")
+    {
+    }
+
     /// The absolute path of a name, or of the folder itself.
     QString path(const QString& name = {}) const
     {

@@ -380,7 +380,7 @@ private Q_SLOTS:
 
     void aBurstThatOverflowsTheSystemsQueueLosesNothing()
     {
-        const DiskFolder disk;
+        const DiskFolder disk(DiskFolder::Large);
         disk.writeMany(10, 100);
         Watched watched(disk);
 
@@ -398,7 +398,7 @@ private Q_SLOTS:
 
     void tenThousandDirectoriesDoNotHoldTheCaller()
     {
-        const DiskFolder disk;
+        const DiskFolder disk(DiskFolder::Large);
         disk.writeMany(10000, 0);
         Listener listener(disk);
         const auto handle = DiskMonitor::instance().createHandle(&listener);

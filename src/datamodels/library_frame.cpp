@@ -3,6 +3,8 @@
 #include <datamodels/graph/edge.h>
 #include <datamodels/graph/vertex.h>
 #include <datamodels/helpers/qt_miltiselection_composer.h>
+#include <datamodels/proxy/search_matcher.h>
+#include <datamodels/proxy/search_proxy_model.h>
 #include <datamodels/qml_registration.h>
 
 // Every QML type of the library, in the order in which they are registered: a new type is a new line of its
@@ -21,5 +23,15 @@ void datamodels::registerGraphQml()
     registerQmlTypes({
         uncreatable<Vertex>(),
         uncreatable<Edge>(),
+    });
+}
+
+void datamodels::registerSearchQml()
+{
+    using namespace qelm::datamodels::proxy;
+    registerQmlTypes({
+        uncreatable<SearchProxyModel>(),
+        creatable<TextSearchMatcher>("QelmTools.Misc", "TextSearchMatcher"),
+        creatable<NaturalSearchMatcher>("QelmTools.Misc", "NaturalSearchMatcher"),
     });
 }

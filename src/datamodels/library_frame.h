@@ -9,4 +9,8 @@ namespace datamodels {
 /// thread of the application.
 DATAMODELS_API void registerGraphQml();
 
+/// Makes `TextSearchMatcher` and `NaturalSearchMatcher` elements of "QelmTools.Misc", and the values that they
+/// write known to QML. For a plug-in with a search to call, as above.
+DATAMODELS_API void registerSearchQml();
+
 } // namespace datamodels

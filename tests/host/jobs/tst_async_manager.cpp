@@ -1,8 +1,7 @@
 #include <host/jobs/async_manager.h>
 #include <host/jobs/cpu_info.h>
 
-#include "gate.h"
-
+#include <support/gate.h>
 #include <support/log_capture.h>
 
 #include <QtTest>

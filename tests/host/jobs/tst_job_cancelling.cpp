@@ -1,6 +1,6 @@
 #include <host/jobs/async_manager.h>
 
-#include "gate.h"
+#include <support/gate.h>
 
 #include <QtTest>
 

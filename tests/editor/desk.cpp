@@ -53,8 +53,8 @@ QString nameOf(const QQuickItem& row)
 
 } // namespace
 
-Desk::Desk(const QString& panel)
-    : m_tabs({m_project.path()}, panel), m_editor(m_tabs), m_window(*m_editor.window())
+Desk::Desk(const QString& panel, const std::function<void(const SampleProject&)>& more)
+    : m_project(more), m_tabs({m_project.path()}, panel), m_editor(m_tabs), m_window(*m_editor.window())
 {
     m_window.requestActivate();
     if (!QTest::qWaitForWindowActive(&m_window))

@@ -16,8 +16,8 @@
 class Desk
 {
 public:
-    /// Opens with a panel, the first by default.
-    explicit Desk(const QString& panel = QString());
+    /// Opens with a panel, the first by default, on the sample project and what is added to it.
+    explicit Desk(const QString& panel = QString(), const std::function<void(const SampleProject&)>& more = {});
 
     /// The panel of the current tab.
     template <class P>

@@ -15,6 +15,7 @@ class Panel : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QString status READ status NOTIFY statusChanged)
+    Q_PROPERTY(bool isModified READ isModified NOTIFY statusChanged)
 
 public:
     /// A state worth a picture. The suffix goes behind the panel's name; `arrange` brings the panel there and may
@@ -29,6 +30,9 @@ public:
 
     /// The panel's line in the status bar.
     virtual QString status() const { return {}; }
+
+    /// Whether there is something to save, for the mark on the tab.
+    virtual bool isModified() const { return false; }
 
     /// At least one; the base has the panel as it opens.
     virtual std::vector<Shot> shots();

@@ -6,6 +6,7 @@
 #include "library/library_panel.h"
 #include "mounts/mounts_panel.h"
 #include "project/project_panel.h"
+#include "scene/scene_panel.h"
 #include "services/services_panel.h"
 
 namespace editor {
@@ -26,6 +27,7 @@ const std::vector<PanelEntry>& panelTable()
         {"library", "Library", "library", "qrc:/panels/library/LibraryPanel.qml", &make<LibraryPanel>},
         {"assets", "Assets", "grid", "qrc:/panels/assets/AssetsPanel.qml", &make<AssetsPanel>},
         {"mounts", "Mounts", "mounts", "qrc:/panels/mounts/MountsPanel.qml", &make<MountsPanel>},
+        {"scene", "Scene", "level", "qrc:/panels/scene/ScenePanel.qml", &make<ScenePanel>},
         {"services", "Services", "services", "qrc:/panels/services/ServicesPanel.qml", &make<ServicesPanel>},
         {"history", "History", "history", "qrc:/panels/history/HistoryPanel.qml", &make<HistoryPanel>},
         {"graph", "Graph", "graph", "qrc:/panels/graph/GraphPanel.qml", &make<GraphPanel>},

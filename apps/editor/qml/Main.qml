@@ -10,7 +10,7 @@ Window {
     minimumHeight: 500
     visible: true
     color: Theme.window
-    title: tabs.current.title + " \u2014 " + tabs.content
+    title: tabs.current.title + (tabs.current.panel.isModified ? "*" : "") + " \u2014 " + tabs.content
 
     Shortcut { sequence: "Ctrl+PgDown"; onActivated: tabs.step(1) }
     Shortcut { sequence: "Ctrl+PgUp"; onActivated: tabs.step(-1) }

@@ -53,6 +53,15 @@ Rectangle {
                             text: modelData.title
                             color: tab.isCurrent ? Theme.text : Theme.secondary
                         }
+                        Rectangle {
+                            objectName: "modifiedMark"
+                            anchors.verticalCenter: parent.verticalCenter
+                            visible: modelData.panel ? modelData.panel.isModified : false
+                            width: 7
+                            height: 7
+                            radius: 4
+                            color: Theme.pending
+                        }
                     }
                 }
             }

@@ -37,6 +37,10 @@ QtObject {
         "rim": "#e6cc6a", "surface": "#e08fa8"
     })
 
+    readonly property var sceneColors: ({
+        "folder": "#c9a86a", "actor": "#7db3e8", "lamp": "#ffd166", "flag": "#7fc8a9", "path": "#a6aee8", "point": "#98a0ab"
+    })
+
     readonly property int rowHeight: 22
     readonly property int barHeight: 30
     readonly property int controlHeight: 24

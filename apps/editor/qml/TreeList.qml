@@ -20,7 +20,10 @@ ListView {
     reuseItems: true
     T.ScrollBar.vertical: ScrollHandle { }
 
-    Keys.onPressed: event.accepted = cursor.navigate(event.key, pageRows)
+    // For trees that do more: whether the key means something.
+    property var takeKey: event => cursor.navigate(event.key, pageRows)
+
+    Keys.onPressed: event.accepted = takeKey(event)
 
     // After the view has taken in the change that moved the row.
     function follow() { positionViewAtIndex(cursor.row, ListView.Contain) }

@@ -96,6 +96,8 @@ private:
         const auto count = static_cast<std::size_t>(list.size());
         if (count < fewest || count > most)
             refuse(QStringLiteral("expected %1 to %2 elements, found %3").arg(fewest).arg(most).arg(count));
+        while (collection.removePropertyAt(0)) { // what the class puts there
+        }
         const int length = m_place.size();
         for (int index = 0; index < list.size(); ++index) {
             m_place += QStringLiteral("[%1]").arg(index);

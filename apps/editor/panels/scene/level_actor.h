@@ -50,6 +50,8 @@ public:
         Driven
     };
 
+    Actor() : LevelObject("New actor") {}
+
     std::string typeName() const override { return "Actor"; }
     std::string icon() const override { return "actor"; }
     std::string problem() const override { return m_model.empty() ? "It has no model" : ""; }

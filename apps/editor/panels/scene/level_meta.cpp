@@ -2,7 +2,10 @@
 
 #include "made_elements.h"
 
+#include <host/reflection/cast.h>
 #include <host/reflection/meta.h>
+
+#include <algorithm>
 
 // What the objects of a level are made of, as tables: names, access, labels, bounds. The parts of actors stand in
 // level_actor_meta.cpp.
@@ -25,6 +28,14 @@ Meta::IconButton button(const char* on, const char* off, bool firstIconState, st
 Meta::CollectionSize sizes(std::size_t fewest, std::size_t most)
 {
     return {[bounds = std::pair(fewest, most)](const zarn::ReflectedObject&) { return bounds; }};
+}
+
+/// Groups of groups.
+bool startsOpen(const zarn::ReflectedObject& object)
+{
+    const auto* group = zarn::cast<Group>(object);
+    return group && std::any_of(group->children->begin(), group->children->end(),
+                                [](const auto& child) { return child->childObjects() != nullptr; });
 }
 
 std::string pointLabel(const zarn::BoundProperty& element)
@@ -68,9 +79,9 @@ void zarn::Reflection<editor::LevelObject>::declare(StaticMetaObject<editor::Lev
     object.field("_isEnabled", &LevelObject::isEnabled, Meta::Label::Text("Enabled"),
                  Meta::ToolTip("Whether the game loads it, and all that is in it"));
     object.field("visible", &LevelObject::isVisible, Meta::Label::Text("Visible"), Meta::ToolTip("Show on the map"),
-                 editor::button("eye", "eye-off", true, 3, false));
+                 editor::button("eye", "eye-off", true, 4, false));
     object.field("locked", &LevelObject::isLocked, Meta::Label::Text("Locked"),
-                 Meta::ToolTip("Lock against changes"), editor::button("lock", "unlock", true, 2, true));
+                 Meta::ToolTip("Lock against changes"), editor::button("lock", "unlock", true, 3, true));
 }
 
 void zarn::Reflection<editor::Group>::declare(StaticMetaObject<editor::Group>::Builder& group)
@@ -140,7 +151,7 @@ void zarn::Reflection<editor::Path>::declare(StaticMetaObject<editor::Path>::Bui
         .field("closed", &Path::isClosed, Meta::Label::Text("Closed"))
         .readOnly("points", [](Path& self) { return &self.points; }, Meta::Label::Text("Points"));
     path.method("reverse", &Path::reverse, Meta::Label::Text("Reverse"), Meta::ToolTip("Reverse the way"),
-                editor::button("reverse", "reverse", true, 4, true));
+                editor::button("reverse", "reverse", true, 2, true));
 }
 
 namespace {
@@ -155,7 +166,7 @@ const zarn::ReflectAtLoad<editor::Path> pathClass;
 const zarn::ReflectAtLoad<editor::PathPoint> pathPointClass;
 const MadeElements<editor::LevelObject::Children>
     childrenClass("LevelObjects",
-                  {Meta::Children{"*", {Meta::SceneItem(), Meta::Expanded(false)}}, Meta::CollectionInsert(),
+                  {Meta::Children{"*", {Meta::SceneItem(), Meta::Expanded(&editor::startsOpen)}}, Meta::CollectionInsert(),
                    Meta::CollectionRemove(), editor::sizes(0, 1000), editor::ElementClasses{&editor::objectClasses}});
 const MadeElements<editor::Path::Points>
     pointsClass("PathPoints",

@@ -22,6 +22,14 @@ void LevelObject::edit(const char* property, Value value)
     zarn::reflect(*this).findPropertyByName(property).set(value, {});
 }
 
+void LevelObject::moveTo(double x, double y)
+{
+    if (Vector* position = place()) {
+        position->x = x;
+        position->y = y;
+    }
+}
+
 void Light::dim()
 {
     edit("intensity", m_intensity / 2);
@@ -36,6 +44,20 @@ void Light::setIntensity(double intensity)
 void SpawnPoint::dropToWater()
 {
     edit("position.z", 0.0);
+}
+
+Path::Path() : LevelObject("New path")
+{
+    *points = {std::make_shared<PathPoint>(), std::make_shared<PathPoint>()};
+    points->back()->position.x = 20;
+}
+
+void Path::moveTo(double x, double y)
+{
+    points->front()->position.x = x;
+    points->front()->position.y = y;
+    points->back()->position.x = x + 20;
+    points->back()->position.y = y;
 }
 
 // One element after the other, so that each step can be undone by itself.

@@ -23,6 +23,8 @@ class LevelObject : public zarn::Object
 public:
     using Children = zarn::ReflectionWrapper<std::vector<std::shared_ptr<LevelObject>>>;
 
+    explicit LevelObject(std::string startName) : name(std::move(startName)) {}
+
     virtual std::string typeName() const = 0;
     /// A file of icons/, without its extension.
     virtual std::string icon() const = 0;
@@ -32,6 +34,9 @@ public:
     virtual Vector* place() { return nullptr; }
     /// Null for what has none.
     virtual Children* childObjects() { return nullptr; }
+
+    /// Puts an object that nobody has seen yet to a place.
+    virtual void moveTo(double x, double y);
 
     int state() const { return problem().empty() ? 0 : 1; }
     bool isModified() const { return m_isModified; }
@@ -56,6 +61,8 @@ private:
 class Group : public LevelObject
 {
 public:
+    Group() : LevelObject("New group") {}
+
     std::string typeName() const override { return "Group"; }
     std::string icon() const override { return "folder"; }
     Children* childObjects() override { return &children; }
@@ -86,6 +93,8 @@ public:
         Area
     };
 
+    Light() : LevelObject("New light") {}
+
     std::string typeName() const override { return "Light"; }
     std::string icon() const override { return "lamp"; }
     std::string problem() const override { return m_intensity > 0 ? "" : "It is dark: its intensity is 0"; }
@@ -108,6 +117,8 @@ private:
 class SpawnPoint : public LevelObject
 {
 public:
+    SpawnPoint() : LevelObject("New spawn point") {}
+
     std::string typeName() const override { return "Spawn point"; }
     std::string icon() const override { return "flag"; }
     Vector* place() override { return &position; }
@@ -133,10 +144,14 @@ public:
     static constexpr std::size_t fewest = 2;
     static constexpr std::size_t most = 12;
 
+    /// With two points, the second to the east of the first.
+    Path();
+
     std::string typeName() const override { return "Path"; }
     std::string icon() const override { return "path"; }
     /// That of its first point.
     Vector* place() override { return points->empty() ? nullptr : &points->front()->position; }
+    void moveTo(double x, double y) override;
     void reverse();
 
     std::string colour = "#7fc8a9";

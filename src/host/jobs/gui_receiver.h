@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+#include <atomic>
+
 namespace Ozy {
 
 class JobService;
@@ -22,6 +24,7 @@ protected:
 
 private:
     JobService& m_service;
+    std::atomic<unsigned> m_wakes{0};
 };
 
 } // namespace Ozy

@@ -29,16 +29,22 @@ struct JobRecord : std::enable_shared_from_this<JobRecord>
 
     /// Its family are the job itself and the jobs that are added to it or to others of the family.
     bool familyHas(const JobRecord& job) const;
-    /// Whether the calling thread is in a task of the family.
-    bool familyRunsHere() const;
+    /// Whether this job cannot end without that one: it is of the family, or a task of the family waits for
+    /// it.
+    bool needs(const JobRecord& job) const;
+    /// Whether this job cannot end before a task that the calling thread is in.
+    bool needsMe() const;
+    /// Whether a task of the family waits until tasks that the calling thread is in have stopped.
+    bool isStoppingMe() const;
     /// Whether none of the family's tasks is left, but for those that the calling thread is in, and for those
     /// that wait for such to stop.
     bool isQuiet() const;
-    /// Whether `job` cannot end without this one: it is of its family, or a task of that waits for it.
-    bool isNeededBy(const JobRecord& job) const;
     /// Whether the task still waits to be run.
     bool isPending() const { return hasTask && !isRunning; }
     bool runsHere() const { return isRunning && thread == std::this_thread::get_id(); }
+
+    /// Whose tasks the calling thread is in, the innermost first.
+    static JobRecord*& current();
 
     std::atomic<State> state{State::Queued};
     std::array<State, 3> states{}; ///< those since the start, in order
@@ -52,7 +58,6 @@ struct JobRecord : std::enable_shared_from_this<JobRecord>
     JobRecord* outer = nullptr;            ///< whose task the same thread was in
     const JobRecord* stopping = nullptr;   ///< the job that the task has cancelled and waits for
     std::vector<const JobRecord*> waiting; ///< the jobs whose tasks wait for this one
-    bool isReleased = false;               ///< nobody is to wait for the job any more
 
     std::vector<Pointer> added;   ///< that have not ended
     std::vector<Pointer> parents; ///< that this one is added to, until it ends

@@ -7,7 +7,6 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <exception>
 #include <utility>
 
 namespace Ozy {
@@ -16,14 +15,6 @@ namespace {
 // A few more than there are processors: one long walk must not hold up the short questions of others.
 constexpr int fewestWorkers = 4;
 
-/// What the thread is in.
-struct Here
-{
-    JobRecord* job = nullptr;
-    bool isWorker = false;
-};
-thread_local Here here;
-
 void openWithApplication();
 Q_COREAPP_STARTUP_FUNCTION(openWithApplication)
 
@@ -31,22 +22,6 @@ void openWithApplication()
 {
     JobService::instance().open();
     qAddPostRoutine([] { JobService::instance().close(); });
-}
-
-template <class Function>
-void guarded(const char* what, Function function)
-{
-    std::string reason;
-    try {
-        function();
-        return;
-    } catch (const std::exception& exception) {
-        reason = exception.what();
-    } catch (...) {
-        reason = "of unknown type";
-    }
-    DebugMessageHelper(Priority::structural, "datamodels")
-        .message("Ozy::AsyncManager: exception in %s: %s\n", what, reason.c_str());
 }
 
 } // namespace
@@ -62,10 +37,7 @@ JobService& JobService::instance()
     return *service;
 }
 
-JobService::JobService()
-{
-    m_pool.setMaxThreadCount(std::max(fewestWorkers, CpuInfo::instance().processorCount()));
-}
+JobService::JobService() : m_mostActive(std::max(fewestWorkers, CpuInfo::instance().processorCount())) {}
 
 JobService::Pointer JobService::start(unsigned priority, Task task)
 {
@@ -76,7 +48,7 @@ JobService::Pointer JobService::start(unsigned priority, Task task)
         cancelFamily(*job, dropped);
     } else {
         m_queued[priority].push_back(job);
-        m_pool.start(&m_worker);
+        employWorker();
     }
     return job;
 }
@@ -84,7 +56,7 @@ JobService::Pointer JobService::start(unsigned priority, Task task)
 JobService::Pointer JobService::post(bool awaited, Task task)
 {
     auto job = std::make_shared<JobRecord>(std::move(task));
-    JobRecord* const caller = awaited ? here.job : nullptr;
+    JobRecord* const caller = awaited ? JobRecord::current() : nullptr;
     Tasks dropped;
     const Lock lock(m_mutex);
     if (m_isClosed || (caller && caller->isCancelled)) {
@@ -102,54 +74,47 @@ JobService::Pointer JobService::post(bool awaited, Task task)
 JobService::State JobService::wait(const Pointer& job)
 {
     Lock lock(m_mutex);
-    if (!isNeededHere(*job))
-        block(*job, lock, [&] { return job->state == State::Ended || job->isReleased; });
+    if (!job->needsMe())
+        block(*job, lock, [&] { return job->state == State::Ended || job->isStoppingMe(); });
     return job->state;
 }
+
+/// Says of the tasks that the calling thread is in that they wait until a job has stopped, so that its tasks
+/// do not wait for them.
+class JobService::Stopping
+{
+public:
+    Stopping(JobService& service, const JobRecord& job)
+    {
+        for (JobRecord* mine = JobRecord::current(); mine; mine = mine->outer) {
+            m_before.emplace_back(mine, std::exchange(mine->stopping, &job));
+            service.settle(*mine);
+        }
+    }
+    ~Stopping()
+    {
+        for (const auto& [mine, before] : m_before)
+            mine->stopping = before;
+    }
+    Q_DISABLE_COPY_MOVE(Stopping)
+
+private:
+    std::vector<std::pair<JobRecord*, const JobRecord*>> m_before;
+};
 
 void JobService::cancel(const Pointer& job, bool wait)
 {
     Tasks dropped;
     Lock lock(m_mutex);
     cancelFamily(*job, dropped);
-    if (wait)
-        releaseThoseWaitingForMe(*job);
-
     lock.unlock();
     dropped.clear();
     if (!wait)
         return;
 
     lock.lock();
-    JobRecord* const caller = here.job;
-    const JobRecord* const outer = caller ? std::exchange(caller->stopping, job.get()) : nullptr;
-    if (caller)
-        settle(*caller); // it counts as quiet now for those that it waits for
+    const Stopping stopping(*this, *job);
     block(*job, lock, [&] { return job->isQuiet(); });
-    if (caller)
-        caller->stopping = outer;
-}
-
-/// Whether the job cannot end before a task that the calling thread is in has ended.
-bool JobService::isNeededHere(const JobRecord& job)
-{
-    for (const JobRecord* mine = here.job; mine; mine = mine->outer) {
-        if (mine->isNeededBy(job))
-            return true;
-    }
-    return false;
-}
-
-/// Tasks that the calling thread is in go on only when it has done waiting for the job, so the job's own
-/// tasks must not wait for them.
-void JobService::releaseThoseWaitingForMe(const JobRecord& job)
-{
-    for (JobRecord* mine = here.job; mine; mine = mine->outer) {
-        if (!mine->isNeededBy(job))
-            continue;
-        mine->isReleased = true;
-        settle(*mine);
-    }
 }
 
 void JobService::add(const Pointer& parent, const Pointer& added)
@@ -184,148 +149,6 @@ ryk::Connection JobService::watch(const Pointer& job, const std::function<void(S
     if (job->statesCount > 0)
         postNews(*job);
     return connection;
-}
-
-/// Waits for a change of the job's family until `isOver`. A worker gives its place away meanwhile; the GUI
-/// thread runs what the job needs of it.
-template <class Condition>
-void JobService::block(JobRecord& job, Lock& lock, Condition isOver)
-{
-    if (isOver())
-        return;
-    const JobRecord* const caller = here.job;
-    if (caller)
-        job.waiting.push_back(caller);
-
-    if (isGuiThread()) {
-        while (!isOver()) {
-            if (const Pointer needed = takeNeeded(job))
-                run(needed, lock);
-            else
-                m_guiCondition.wait(lock);
-        }
-    } else {
-        m_guiCondition.notify_all(); // it may have to run what this thread waits for
-        if (here.isWorker)
-            m_pool.releaseThread();
-        job.changed.wait(lock, isOver);
-        if (here.isWorker)
-            m_pool.reserveThread();
-    }
-
-    if (caller)
-        job.waiting.erase(std::find(job.waiting.begin(), job.waiting.end(), caller));
-}
-
-void JobService::runOnWorker()
-{
-    here.isWorker = true;
-    Pointer job; // outlives the lock
-    Lock lock(m_mutex);
-    job = takeFirstQueued();
-    if (job)
-        run(job, lock);
-}
-
-void JobService::runOnGuiThread()
-{
-    GuiEntry entry; // outlives the lock
-    Lock lock(m_mutex);
-    m_isWakePosted = false;
-    entry = takeFirstPosted();
-    if (!m_guiQueue.empty() && m_receiver) {
-        m_isWakePosted = true;
-        m_receiver->wake();
-    }
-    if (entry.isNews)
-        tellStates(entry.job, lock);
-    else if (entry.job)
-        run(entry.job, lock);
-}
-
-/// Takes tasks that have been cancelled out of the queue as well.
-JobService::Pointer JobService::takeFirstQueued()
-{
-    while (!m_queued.empty()) {
-        auto& [priority, jobs] = *m_queued.begin();
-        const Pointer job = std::move(jobs.front());
-        jobs.pop_front();
-        if (jobs.empty())
-            m_queued.erase(m_queued.begin());
-        if (job->isPending())
-            return job;
-    }
-    return nullptr;
-}
-
-JobService::GuiEntry JobService::takeFirstPosted()
-{
-    while (!m_guiQueue.empty()) {
-        const GuiEntry entry = std::move(m_guiQueue.front());
-        m_guiQueue.pop_front();
-        if (entry.isNews || entry.job->isPending())
-            return entry;
-    }
-    return {};
-}
-
-JobService::Pointer JobService::takeNeeded(JobRecord& job)
-{
-    const auto found = std::find_if(m_guiQueue.begin(), m_guiQueue.end(), [&job](const GuiEntry& entry) {
-        return !entry.isNews && entry.job->isPending() && entry.job->isNeededBy(job);
-    });
-    if (found == m_guiQueue.end())
-        return nullptr;
-    const Pointer needed = std::move(found->job);
-    m_guiQueue.erase(found);
-    return needed;
-}
-
-void JobService::run(const Pointer& job, Lock& lock)
-{
-    Task task = std::exchange(job->task, nullptr);
-    job->isRunning = true;
-    job->thread = std::this_thread::get_id();
-    m_running.push_back(job.get());
-    enter(*job, State::Running);
-
-    job->outer = std::exchange(here.job, job.get());
-    lock.unlock();
-    guarded("a task", [&] { task(AsyncManager::Job(job)); });
-    task = nullptr; // what it holds is gone before the job ends
-    lock.lock();
-
-    here.job = job->outer;
-    m_running.erase(std::find(m_running.begin(), m_running.end(), job.get()));
-    job->isRunning = false;
-    job->hasTask = false;
-    settle(*job);
-}
-
-void JobService::tellStates(const Pointer& job, Lock& lock)
-{
-    job->isNewsPosted = false;
-    auto& watchers = job->watchers;
-    const auto isBehind = [](const auto& left, const auto& right) { return left->told < right->told; };
-    for (;;) {
-        const auto next = std::min_element(watchers.begin(), watchers.end(), isBehind);
-        if (next == watchers.end() || (*next)->told == job->statesCount)
-            break;
-        const auto watcher = *next;
-        const State state = job->states[watcher->told++];
-        lock.unlock();
-        guarded("a watcher of states", [&] { watcher->signal(state); });
-        lock.lock();
-    }
-    if (job->state != State::Ended)
-        return;
-    const auto done = std::exchange(watchers, {});
-    lock.unlock(); // their destructors may come back here
-}
-
-bool JobService::isGuiThread() const
-{
-    return m_receiver && m_receiver->isCurrentThread();
 }
 
 void JobService::enqueueOnGuiThread(GuiEntry entry)
@@ -419,13 +242,21 @@ void JobService::close()
         jobs.insert(jobs.end(), queued.begin(), queued.end());
     for (const GuiEntry& entry : m_guiQueue)
         jobs.push_back(entry.job);
+    m_queued.clear();
     Tasks dropped;
     for (const Pointer& job : jobs)
         cancelWithParents(*job, dropped);
+    auto workers = std::exchange(m_workers, {});
+    m_workerCondition.notify_all();
     lock.unlock();
 
     dropped.clear();
-    m_pool.waitForDone();
+    for (std::thread& worker : workers) {
+        if (worker.get_id() == std::this_thread::get_id())
+            worker.detach(); // a task has ended the program
+        else
+            worker.join();
+    }
 
     lock.lock();
     const auto posted = std::exchange(m_guiQueue, {});

@@ -2,26 +2,24 @@
 
 #include <host/jobs/job_record.h>
 
-#include <QRunnable>
-#include <QThreadPool>
-
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <thread>
 #include <vector>
 
 namespace Ozy {
 
 class GuiReceiver;
 
-/// The job service as the stand-alone host does it: queues of its own, workers from a `QThreadPool`, and one
-/// event of the GUI thread for each of its tasks.
+/// The job service as the stand-alone host does it: worker threads that are made as they are needed and kept
+/// until the application goes, and one event of the GUI thread for each of its tasks.
 ///
-/// One mutex guards it all; it is never held while a task, a watcher or the destructor of either runs. The
-/// queues are not left to Qt so that tasks can be taken out of them, and so that the thread sanitizer sees
-/// how they are handed over.
+/// One mutex guards it all; it is never held while a task, a watcher or the destructor of either runs. A
+/// worker that waits for a job does not count among those that may run at a time.
 class JobService
 {
 public:
@@ -49,12 +47,6 @@ private:
     using Lock = std::unique_lock<std::mutex>;
     using Tasks = std::vector<Task>;
 
-    struct Worker : QRunnable
-    {
-        Worker() { setAutoDelete(false); }
-        void run() override { JobService::instance().runOnWorker(); }
-    };
-
     /// Either the task of a job, or news of its states.
     struct GuiEntry
     {
@@ -62,23 +54,24 @@ private:
         bool isNews = false;
     };
 
+    class Stopping;
+
     JobService();
 
-    void runOnWorker();
+    void employWorker();
+    void work();
+    bool canWork() const;
     Pointer takeFirstQueued();
     GuiEntry takeFirstPosted();
     Pointer takeNeeded(JobRecord& job);
     void run(const Pointer& job, Lock& lock);
     void tellStates(const Pointer& job, Lock& lock);
-    template <class Condition>
-    void block(JobRecord& job, Lock& lock, Condition isOver);
+    void block(JobRecord& job, Lock& lock, const std::function<bool()>& isOver);
 
     bool isGuiThread() const;
     void enqueueOnGuiThread(GuiEntry entry);
     void enter(JobRecord& job, State state);
     void postNews(JobRecord& job);
-    static bool isNeededHere(const JobRecord& job);
-    void releaseThoseWaitingForMe(const JobRecord& job);
     void cancelFamily(JobRecord& job, Tasks& dropped);
     void cancelWithParents(JobRecord& job, Tasks& dropped);
     void settle(JobRecord& job);
@@ -92,8 +85,12 @@ private:
     std::vector<std::shared_ptr<JobRecord::Watcher>> m_unheard; ///< of jobs that ended while closed
     std::unique_ptr<GuiReceiver> m_receiver;
     std::condition_variable m_guiCondition; ///< for the GUI thread while it waits for a job
-    Worker m_worker;
-    QThreadPool m_pool;
+
+    const int m_mostActive;
+    int m_active = 0; ///< workers that run a task and do not wait
+    int m_idle = 0;
+    std::vector<std::thread> m_workers;
+    std::condition_variable m_workerCondition;
 };
 
 } // namespace Ozy

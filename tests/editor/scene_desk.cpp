@@ -35,7 +35,10 @@ void collect(const QQuickItem& parent, const QString& name, QList<QQuickItem*>& 
 } // namespace
 
 SceneDesk::SceneDesk(const QByteArray& text)
-    : Desk("scene", [&text](const SampleProject& project) { project.write("levels/quay/scene.json", text); })
+    : Desk("scene", [&text](const SampleProject& project) {
+        project.write("levels/quay/scene.json", text);
+        project.write("models/crate.mesh", 10);
+    })
 {
 }
 

@@ -239,6 +239,8 @@ private Q_SLOTS:
                                    << "children[0].crew: expected a whole number, found 1.5";
         QTest::newRow("unknown enumerator") << sceneOf("{\"class\": \"Light\", \"kind\": \"Laser\"}")
                                             << "children[0].kind: \"Laser\" is refused";
+        QTest::newRow("no colour") << sceneOf("{\"class\": \"Light\", \"colour\": \"green\"}")
+                                   << "children[0].colour: \"green\" is refused";
         QTest::newRow("too few elements")
             << sceneOf("{\"class\": \"Path\", \"points\": [{\"class\": \"PathPoint\"}]}")
             << "children[0].points: expected 2 to 12 elements, found 1";

@@ -61,6 +61,11 @@ FocusScope {
                 document: panel.document
             }
         }
+        SelectionPane {
+            T.SplitView.preferredWidth: scene.isNarrow ? 300 : 380
+            T.SplitView.minimumWidth: 240
+            panel: scene.panel
+        }
     }
     EmptyState {
         objectName: "noScene"

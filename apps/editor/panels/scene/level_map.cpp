@@ -110,6 +110,8 @@ void LevelMap::frame(const zarn::ReflectedObject& object)
     if (!point && extent.isEmpty())
         return;
     m_framed = object;
+    if (width() <= 2 * margin) // not laid out yet
+        return;
     const double fits = std::min((width() - 2 * margin) / std::max(extent.width(), 1.0),
                                  (height() - 2 * margin) / std::max(extent.height(), 1.0));
     lookAt(extent.center(), std::min(fits, framedScale));
@@ -148,6 +150,8 @@ void LevelMap::lookAt(const QPointF& centre, double scale)
 void LevelMap::geometryChanged(const QRectF& now, const QRectF& before)
 {
     QQuickPaintedItem::geometryChanged(now, before);
+    if (before.isEmpty() && m_framed.isValid())
+        frame(m_framed);
     update();
 }
 
@@ -243,6 +247,9 @@ void LevelMap::paint(QPainter* painter)
 {
     if (!m_document || !m_outliner)
         return;
+    QFont font(QStringLiteral("Inter"));
+    font.setPixelSize(11);
+    painter->setFont(font);
     paintGrid(*painter);
     visitShown(m_document->level(), true,
                [&](LevelObject& object, bool isEnabled) { paintObject(*painter, object, isEnabled); });

@@ -6,6 +6,7 @@
 #include <host/reflection/meta.h>
 
 #include <algorithm>
+#include <cctype>
 
 // What the objects of a level are made of, as tables: names, access, labels, bounds. The parts of actors stand in
 // level_actor_meta.cpp.
@@ -28,6 +29,17 @@ Meta::IconButton button(const char* on, const char* off, bool firstIconState, st
 Meta::CollectionSize sizes(std::size_t fewest, std::size_t most)
 {
     return {[bounds = std::pair(fewest, most)](const zarn::ReflectedObject&) { return bounds; }};
+}
+
+/// Refuses what is not "#rrggbb".
+template <auto Member, class Object>
+bool setColour(Object& object, const std::string& colour)
+{
+    const auto isHex = [](unsigned char character) { return std::isxdigit(character) != 0; };
+    if (colour.size() != 7 || colour[0] != '#' || !std::all_of(colour.begin() + 1, colour.end(), isHex))
+        return false;
+    object.*Member = colour;
+    return true;
 }
 
 /// Groups of groups.
@@ -87,7 +99,8 @@ void zarn::Reflection<editor::LevelObject>::declare(StaticMetaObject<editor::Lev
 void zarn::Reflection<editor::Group>::declare(StaticMetaObject<editor::Group>::Builder& group)
 {
     group.readOnly(
-        "children", [](editor::Group& self) { return &self.children; }, Meta::Label::Text("Objects"));
+        "children", [](editor::Group& self) { return &self.children; }, Meta::Label::Text("Objects"),
+        Meta::Visible(Meta::Visible::Flags(zarn::meta_property::VisibilityFlag::Outliner)));
 }
 
 void zarn::Reflection<editor::Level>::declare(StaticMetaObject<editor::Level>::Builder& level)
@@ -96,7 +109,7 @@ void zarn::Reflection<editor::Level>::declare(StaticMetaObject<editor::Level>::B
     level.with(Meta::MinMax(64.0, 2000.0), Meta::Precision{0}, editor::Unit{"m"})
         .field("width", &Level::width, Meta::Label::Text("Width"))
         .field("height", &Level::height, Meta::Label::Text("Height"));
-    level.field("waterColour", &Level::waterColour, Meta::Label::Text("Water colour"), editor::Colour());
+    level.value("waterColour", &Level::waterColour, &editor::setColour<&Level::waterColour, Level>, Meta::Label::Text("Water colour"), editor::Colour());
     level.field("waterLevel", &Level::waterLevel, Meta::Label::Text("Water level"), Meta::MinMax(-5.0, 5.0),
                 Meta::Precision{2}, editor::Unit{"m"});
 }
@@ -108,7 +121,7 @@ void zarn::Reflection<editor::Light>::declare(StaticMetaObject<editor::Light>::B
         "position", [](Light& self) { return &self.position; }, Meta::Label::Text("Position"), Meta::Value(),
         Meta::ToolTip("Metres from the level's south-west corner, z up from the water"));
     light.field("kind", &Light::kind, Meta::Label::Text("Kind"))
-        .field("colour", &Light::colour, Meta::Label::Text("Colour"), editor::Colour())
+        .value("colour", &Light::colour, &editor::setColour<&Light::colour, Light>, Meta::Label::Text("Colour"), editor::Colour())
         .value("intensity", &Light::intensity, &Light::setIntensity, Meta::Label::Text("Intensity"),
                Meta::MinMax(0.0, 100.0), Meta::Precision{1}, editor::Unit{"%"})
         .field("range", &Light::range, Meta::Label::Text("Range"), Meta::MinMax(0.5, 60.0), Meta::Precision{1},
@@ -145,7 +158,7 @@ void zarn::Reflection<editor::PathPoint>::declare(StaticMetaObject<editor::PathP
 void zarn::Reflection<editor::Path>::declare(StaticMetaObject<editor::Path>::Builder& path)
 {
     using editor::Path;
-    path.field("colour", &Path::colour, Meta::Label::Text("Colour"), editor::Colour())
+    path.value("colour", &Path::colour, &editor::setColour<&Path::colour, Path>, Meta::Label::Text("Colour"), editor::Colour())
         .field("speed", &Path::speed, Meta::Label::Text("Speed"), Meta::MinMax(0.5, 30.0), Meta::Precision{1},
                editor::Unit{"km/h"})
         .field("closed", &Path::isClosed, Meta::Label::Text("Closed"))

@@ -8,8 +8,9 @@
 namespace editor {
 
 ScenePanel::ScenePanel(const PanelContext& context)
-    : m_document(LevelDocument::findScene(context.content)), m_outliner(m_document)
+    : m_document(LevelDocument::findScene(context.content)), m_outliner(m_document), m_form(m_document, m_outliner)
 {
+    m_form.setContent(context.content);
     static const int mapType = qmlRegisterType<LevelMap>("Editor.Scene", 1, 0, "LevelMap");
     Q_UNUSED(mapType)
     connect(&m_outliner, &SceneOutliner::selectionChanged, this, &Panel::statusChanged);
@@ -32,7 +33,26 @@ QString ScenePanel::status() const
 
 std::vector<Panel::Shot> ScenePanel::shots()
 {
-    return {{QString(), [] {}}};
+    const auto rowOf = [this](const char* name) {
+        const QModelIndex first = m_outliner.rows()->index(0, 0);
+        const QModelIndexList found = m_outliner.rows()->match(first, Qt::DisplayRole, QLatin1String(name), 1, Qt::MatchExactly);
+        return found.isEmpty() ? 0 : found.constFirst().row();
+    };
+    const auto edit = [this, rowOf] {
+        m_outliner.toggle(rowOf("Boats"));
+        m_outliner.press(rowOf("Boats") + 2, Qt::NoModifier);
+        m_form.rows()->write(m_form.rows()->find(QStringLiteral("heading")), 135);
+        m_form.rows()->write(m_form.rows()->find(QStringLiteral("tags")) + 1, QStringLiteral("ferry"));
+        m_outliner.frame(rowOf("Boats") + 2);
+    };
+    const auto selectSeveral = [this, rowOf] {
+        m_document.save();
+        m_outliner.toggle(rowOf("Lamps"));
+        m_outliner.press(rowOf("Lamps") + 1, Qt::NoModifier);
+        m_outliner.press(rowOf("Lamps") + 6, Qt::ShiftModifier);
+    };
+    Q_UNUSED(selectSeveral)
+    return {{QString(), edit}};
 }
 
 } // namespace editor

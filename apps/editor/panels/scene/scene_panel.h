@@ -1,7 +1,7 @@
 #pragma once
 
 #include "panels/panel_table.h"
-#include "scene_outliner.h"
+#include "scene_form.h"
 
 namespace editor {
 
@@ -11,6 +11,7 @@ class ScenePanel : public Panel
     Q_OBJECT
     Q_PROPERTY(editor::LevelDocument* document READ document CONSTANT)
     Q_PROPERTY(editor::SceneOutliner* outliner READ outliner CONSTANT)
+    Q_PROPERTY(editor::SceneForm* form READ form CONSTANT)
     Q_PROPERTY(bool hasScene READ hasScene CONSTANT)
 
 public:
@@ -23,12 +24,14 @@ public:
 
     LevelDocument* document() { return &m_document; }
     SceneOutliner* outliner() { return &m_outliner; }
+    SceneForm* form() { return &m_form; }
     /// Whether the project has a level with a scene.
     bool hasScene() const { return !m_document.path().isEmpty(); }
 
 private:
     LevelDocument m_document;
     SceneOutliner m_outliner;
+    SceneForm m_form;
 };
 
 } // namespace editor

@@ -1,4 +1,5 @@
 import QtQuick 2.15
+import Editor 1.0
 
 EntryField {
     property var subject

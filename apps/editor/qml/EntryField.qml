@@ -7,6 +7,7 @@ T.TextField {
     id: field
 
     property string value
+    property bool isMixed: false // the value stands for several that differ
     property var document
     readonly property bool isTouched: text !== value
     signal entered(string text)
@@ -17,7 +18,7 @@ T.TextField {
     leftPadding: Theme.margin
     rightPadding: Theme.margin
     verticalAlignment: TextInput.AlignVCenter
-    color: Theme.text
+    color: readOnly ? Theme.faint : isMixed && !activeFocus ? Theme.secondary : Theme.text
     selectionColor: Theme.accent
     selectedTextColor: Theme.accentText
     font: Theme.font
@@ -52,8 +53,8 @@ T.TextField {
     }
 
     background: Rectangle {
-        color: Theme.field
+        color: field.readOnly ? "transparent" : Theme.field
         radius: Theme.radius
-        border.color: field.activeFocus ? Theme.accent : field.hovered ? Theme.outline : Theme.raised
+        border.color: field.activeFocus && !field.readOnly ? Theme.accent : field.hovered ? Theme.outline : Theme.raised
     }
 }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <stdexcept>
@@ -53,7 +55,21 @@ public:
     void link(const QString& target, const QString& name) const { check(QFile::link(target, path(name)), name); }
     void rename(const QString& from, const QString& to) const { check(::rename(bytes(from).c_str(), bytes(to).c_str()) == 0, from); }
     void remove(const QString& name) const { check(QFile::remove(path(name)), name); }
+    /// Runs a shell script in the folder while this very program is stopped, so that it can react to nothing of it.
+    void runWhileStopped(const QString& script) const
+    {
+        const QString program = QString("trap 'kill -CONT %1' EXIT; kill -STOP %1; cd '%2' && { %3; }")
+                                    .arg(QCoreApplication::applicationPid())
+                                    .arg(path(), script);
+        check(QProcess::execute("/bin/sh", {"-c", program}) == 0, script);
+    }
     void removeTree(const QString& name) const { check(QDir(path(name)).removeRecursively(), name); }
+
+    /// A script that makes more events in a directory than the system keeps, and leaves nothing.
+    static QString flood(const QString& directory)
+    {
+        return QString("(cd %1 && seq -f flood_%.0f 1 50000 | xargs touch && seq -f flood_%.0f 1 50000 | xargs rm)").arg(directory);
+    }
 
 private:
     static void check(bool isDone, const QString& name)

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <list>
+#include <string_view>
 #include <typeinfo>
 #include <utility>
 
@@ -23,9 +24,24 @@ QDateTime fileTime(std::uint64_t ticks)
     return epoch.addMSecs(static_cast<qint64>(ticks / 10000));
 }
 
-bool isBefore(const std::unique_ptr<FileSystemModelItem>& left, const std::unique_ptr<FileSystemModelItem>& right)
+/// Sorts by names that are fetched once.
+void sortNaturally(std::vector<std::unique_ptr<FileSystemModelItem>>& items)
 {
-    return Ozy::StringUtils::NumericStringCompare(left->fileInfo()->name(), right->fileInfo()->name());
+    struct Named
+    {
+        std::string_view name;
+        std::unique_ptr<FileSystemModelItem> item;
+    };
+    std::vector<Named> named;
+    named.reserve(items.size());
+    for (auto& item : items) {
+        const std::string_view name = item->fileInfo()->name();
+        named.push_back({name, std::move(item)});
+    }
+    std::sort(named.begin(), named.end(), [](const Named& left, const Named& right) {
+        return Ozy::StringUtils::NumericStringCompare(left.name, right.name);
+    });
+    std::transform(named.begin(), named.end(), items.begin(), [](Named& entry) { return std::move(entry.item); });
 }
 
 zarn::ReflectedObject reflected(std::unique_ptr<IFileProperties> properties)
@@ -119,7 +135,7 @@ FileSystemModelItem::Children FileSystemModelItem::readChildren(FileSystemModelI
             children.push_back(factory->createModelItem(m_model, std::move(info), this));
         return !stop || !stop();
     });
-    std::sort(children.begin(), children.end(), isBefore);
+    sortNaturally(children);
     for (std::size_t row = 0; row < children.size(); ++row)
         children[row]->m_row = static_cast<std::uint32_t>(row);
     return children;

@@ -55,7 +55,12 @@ int compareByValue(std::string_view left, std::string_view right)
 
 bool NumericStringCompare(std::string_view left, std::string_view right)
 {
-    const int order = compareByValue(left, right);
+    // What both begin with decides nothing, but for a number that goes on behind it.
+    const auto [first, second] = std::mismatch(left.begin(), left.end(), right.begin(), right.end());
+    auto same = static_cast<std::size_t>(first - left.begin());
+    while (same > 0 && isDigit(left[same - 1]))
+        --same;
+    const int order = compareByValue(left.substr(same), right.substr(same));
     return order ? order < 0 : left < right;
 }
 

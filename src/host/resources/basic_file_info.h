@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace qelm {
 
@@ -13,6 +14,8 @@ class BasicFileInfo final : public IFileInfo
 {
 public:
     BasicFileInfo(std::string fullName, const Ozy::FS::FileFacts& facts);
+    /// `directory` ends in a separator, or is empty.
+    BasicFileInfo(const std::string& directory, std::string_view name, const Ozy::FS::FileFacts& facts);
 
     bool isDirectory() const override { return m_kind == Ozy::FS::FileFacts::Directory; }
     bool isHidden() const override { return *name() == '.'; }
@@ -25,11 +28,13 @@ public:
     const char* fullName() const override { return m_fullName.c_str(); }
 
 private:
+    BasicFileInfo(std::string fullName, std::size_t name, const Ozy::FS::FileFacts& facts);
+
     std::string m_fullName;
     std::uint64_t m_size;
     std::int64_t m_created;
     std::int64_t m_modified;
-    std::uint32_t m_name;
+    std::uint32_t m_name; // where it begins
     std::uint32_t m_extension;
     Ozy::FS::FileFacts::Kind m_kind;
 };

@@ -21,11 +21,11 @@ LocalFileSystem::LocalFileSystem(std::string root) : m_root(std::move(root))
 void LocalFileSystem::enumerate(const char* directory, Visitor visit)
 {
     const std::string path = absolutePath(directory);
+    const std::string before = path.ends_with('/') ? path : path + '/';
     DirectoryReader reader(path);
     while (const char* name = reader.next()) {
         const FileFacts facts = reader.facts();
-        if (facts.kind != FileFacts::Missing
-            && !visit(std::make_shared<BasicFileInfo>(joinPath(path, name), facts)))
+        if (facts.kind != FileFacts::Missing && !visit(std::make_shared<BasicFileInfo>(before, name, facts)))
             return;
     }
     if (reader.error())

@@ -97,7 +97,7 @@ std::shared_ptr<IFileInfo> MemoryFileSystem::getFileInfo(const char* path)
 
 std::string MemoryFileSystem::absolutePath(const char* fullName)
 {
-    return "/" + tidy(fullName);
+    return tidy(fullName).insert(0, 1, '/');
 }
 
 std::string MemoryFileSystem::relativePath(const char* path)

@@ -17,11 +17,6 @@ using namespace Ozy::FS;
 
 namespace {
 
-std::string nameBelow(const std::string& directory, const char* name)
-{
-    return directory.empty() ? name : joinPath(directory, name);
-}
-
 bool isFailure(int error)
 {
     return error && error != ENOENT && error != ENOTDIR; // not every root has every directory
@@ -37,6 +32,7 @@ void OverlayFileSystem::enumerate(const char* directory, Visitor visit)
     const std::string top = m_resources.dissolveFilename(directory, &isResource);
     if (!isResource)
         return;
+    const std::string before = top.empty() ? top : top + '/';
     const std::vector<std::string> roots = m_resources.roots();
     std::unordered_set<std::string> seen;
     for (const std::string& root : roots) {
@@ -45,7 +41,7 @@ void OverlayFileSystem::enumerate(const char* directory, Visitor visit)
             const FileFacts facts = reader.facts();
             if (facts.kind == FileFacts::Missing || !isResourceText(name) || !seen.insert(name).second)
                 continue;
-            if (!visit(std::make_shared<BasicFileInfo>(nameBelow(top, name), facts)))
+            if (!visit(std::make_shared<BasicFileInfo>(before, name, facts)))
                 return;
         }
         if (isFailure(reader.error()))

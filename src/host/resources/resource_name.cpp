@@ -53,7 +53,7 @@ std::optional<std::string> tidyPath(std::string_view path)
     tidy.reserve(path.size());
     for (const std::string_view component : components)
         tidy.append(tidy.empty() ? "" : "/").append(component);
-    return path.starts_with('/') ? "/" + tidy : tidy;
+    return path.starts_with('/') ? tidy.insert(0, 1, '/') : tidy;
 }
 
 std::string joinPath(const std::string& root, std::string_view name)

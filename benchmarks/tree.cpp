@@ -1,13 +1,11 @@
 // The node tree against QStandardItemModel: building, parent(), heap, removal at the front, walking.
 #include <support/comparison.h>
-#include <support/sample_models.h>
+#include <support/parent_questions.h>
 
 #include <datamodels/simple_tree_model.h>
 
 #include <QCoreApplication>
 #include <QStandardItemModel>
-
-#include <algorithm>
 
 using namespace bench;
 
@@ -72,41 +70,21 @@ double heapOfTree()
     return heapBytes() - before;
 }
 
-/// One grandchild under each of `siblings`, in random order.
+/// One grandchild under each of `siblings`.
 template <class Model>
-struct Family
+std::shared_ptr<Model> family(int siblings)
 {
-    explicit Family(int siblings)
-    {
-        auto& top = append(rootOf(model));
-        for (int i = 0; i < siblings; ++i)
-            append(append(top));
-        const QModelIndex topIndex = model.index(0, 0);
-        for (int i = 0; i < siblings; ++i)
-            leafs.push_back(model.index(0, 0, model.index(i, 0, topIndex)));
-        unsigned seed = 5;
-        for (std::size_t i = leafs.size() - 1; i > 0; --i)
-            std::swap(leafs[i], leafs[nextRandom(seed) % (i + 1)]);
-    }
-
-    Model model;
-    std::vector<QModelIndex> leafs;
-};
+    auto model = std::make_shared<Model>();
+    auto& top = append(rootOf(*model));
+    for (int i = 0; i < siblings; ++i)
+        append(append(top));
+    return model;
+}
 
 template <class Model>
 auto parents(int siblings)
 {
-    return [family = std::make_shared<Family<Model>>(siblings)] {
-        return [&family = *family] {
-            long long sum = 0;
-            for (int round = 0; round < 20; ++round) {
-                const std::size_t asked = std::min<std::size_t>(family.leafs.size(), 5000);
-                for (std::size_t i = 0; i < asked; ++i)
-                    sum += family.model.parent(family.leafs[i]).row();
-            }
-            keep(sum);
-        };
-    };
+    return [model = family<Model>(siblings)] { return parentQuestions(model, model->index(0, 0)); };
 }
 
 void compareParents(int siblings)

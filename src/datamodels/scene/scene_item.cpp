@@ -8,6 +8,7 @@
 #include <host/variant/variant_converter.h>
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace {
 
@@ -44,8 +45,8 @@ SceneItem::SceneItem(PrivateCtor, SceneItemModel& model, SceneItem* parent) : m_
 SceneItem::~SceneItem()
 {
     m_rootObject.reset();
-    for (std::unique_ptr<SceneItem>& child : m_children)
-        child.reset();
+    for (std::size_t row = 0; row < m_children.size(); ++row)
+        m_children[row].reset();
     const auto known = m_model.m_itemsByObject.equal_range(m_address);
     const auto own = std::find_if(known.first, known.second, [this](const auto& entry) { return entry.second == this; });
     if (own != known.second)
@@ -174,8 +175,8 @@ void SceneItem::setHovered(bool hovered)
 void SceneItem::pushEnabledDown()
 {
     const bool enabled = isEnabled();
-    for (const std::unique_ptr<SceneItem>& child : m_children)
-        child->setParentEnabled(enabled);
+    for (std::size_t row = 0; row < m_children.size(); ++row)
+        m_children[row]->setParentEnabled(enabled);
 }
 
 void SceneItem::setParentEnabled(bool enabled)
@@ -187,20 +188,24 @@ void SceneItem::setParentEnabled(bool enabled)
 
 const SceneItem* SceneItem::childAt(int index) const
 {
-    return m_children.empty() ? nullptr : m_children.at(static_cast<std::size_t>(index)).get();
+    if (m_children.empty())
+        return nullptr;
+    const auto row = static_cast<std::size_t>(index);
+    if (row >= m_children.size())
+        throw std::out_of_range("SceneItem::childAt");
+    return m_children[row].get();
 }
 
 int SceneItem::childIndex(const SceneItem* child) const
 {
     if (child->m_parent != this)
         return -1;
-    if (child->m_row >= m_children.size() || m_children[child->m_row].get() != child) {
-        const auto found = std::find_if(m_children.begin(), m_children.end(), [child](const auto& it) { return it.get() == child; });
-        if (found == m_children.end())
-            return -1;
-        child->m_row = static_cast<std::size_t>(found - m_children.begin());
+    const auto isNumbered = [&] { return child->m_row < m_numberedRows && m_children[child->m_row].get() == child; };
+    if (!isNumbered()) {
+        for (; m_numberedRows < m_children.size(); ++m_numberedRows)
+            m_children[m_numberedRows]->m_row = m_numberedRows;
     }
-    return static_cast<int>(child->m_row);
+    return isNumbered() ? static_cast<int>(child->m_row) : -1;
 }
 
 int SceneItem::selfIndexInParent() const
@@ -214,15 +219,16 @@ SceneItem::Object& SceneItem::insertChild(int index, zarn::ReflectedObject objec
     auto made = std::make_unique<SceneItem>(PrivateCtor(), m_model, this);
     SceneItem& child = *made;
     child.m_collectionObject = collection;
-    child.m_row = static_cast<std::size_t>(index);
-    m_children.insert(m_children.begin() + index, std::move(made));
+    m_children.insert(static_cast<std::size_t>(index), std::move(made));
+    m_numberedRows = std::min(m_numberedRows, static_cast<std::size_t>(index));
     child.init(std::move(object), property, collection);
     return *child.m_rootObject;
 }
 
 void SceneItem::eraseChild(int index)
 {
-    m_children.erase(m_children.begin() + index);
+    m_numberedRows = std::min(m_numberedRows, static_cast<std::size_t>(index));
+    m_children.erase(static_cast<std::size_t>(index));
 }
 
 SceneItemButtonsModel& SceneItem::buttons()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <datamodels/datamodels_export.h>
+#include <datamodels/scene/gap_vector.h>
 #include <host/reflection/bound_property.h>
 #include <host/reflection/reflected_object.h>
 #include <host/signals/connection.h>
@@ -93,7 +94,7 @@ private:
 
     SceneItemModel& m_model;
     SceneItem* m_parent = nullptr;
-    std::vector<std::unique_ptr<SceneItem>> m_children;
+    GapVector<std::unique_ptr<SceneItem>> m_children;
     std::vector<ryk::ScopedConnection> m_connections;
     ryk::ScopedConnection m_resetWatch; // Intended: stays when the others are made anew
     QString m_name;
@@ -102,7 +103,8 @@ private:
     bool m_enabled = true;
     bool m_parentEnabled = true;
     bool m_modified = false;
-    mutable std::size_t m_row = 0;    // where it stood when last asked
+    mutable std::size_t m_row = 0;          // among the siblings, true for the numbered ones
+    mutable std::size_t m_numberedRows = 0; // so many of the children, from the first one on
     const void* m_address = nullptr;  // under which the model finds it
     std::unique_ptr<SceneItemButtonsModel> m_buttonsModel;
     std::unique_ptr<Object> m_rootObject;

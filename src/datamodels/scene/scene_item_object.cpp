@@ -6,8 +6,6 @@
 
 #include <QScopeGuard>
 
-#include <algorithm>
-
 namespace {
 
 constexpr int deepestLevel = 512;
@@ -32,13 +30,13 @@ SceneItem::Object::Object(SceneItem& item, zarn::ReflectedObject object, Object*
     init();
 }
 
-SceneItem::Object::Object(SceneItem& item, zarn::BoundProperty property, Object* parent, std::size_t sceneItemIndex)
+SceneItem::Object::Object(SceneItem& item, zarn::BoundProperty property, Object* parent, std::size_t place)
     : m_sceneItem(item)
     , m_object(property)
     , m_property(std::move(property))
     , m_parent(parent)
     , m_level(parent->m_level + 1)
-    , m_sceneItemIndex(sceneItemIndex)
+    , m_place(place)
 {
     m_propertyConnection = m_property.connectPropertyChanged(
         [this](const zarn::BoundProperty&, ryk::Flags<zarn::SetterFlag> setterFlags) { onPropertyChanged(setterFlags); });
@@ -180,28 +178,39 @@ void SceneItem::Object::insertChildren(std::size_t index, std::size_t count)
 {
     if (!OZY_ASSERT(index <= m_children.size()))
         return;
-    m_children.reserve(m_children.size() + count);
-    std::size_t tail = 0;
-    for (std::size_t later = index; later < m_children.size(); ++later)
-        tail += m_children[later]->m_sceneItemCount;
     for (std::size_t place = index; place < index + count; ++place) {
-        auto made = std::make_unique<Object>(m_sceneItem, m_object.propertyAt(place), this, m_sceneItemCount - tail);
-        Object& child = *made;
-        child.m_place = place;
-        m_children.insert(m_children.begin() + static_cast<std::ptrdiff_t>(place), std::move(made));
-        child.init();
+        m_children.insert(place, makeChild(place));
+        forgetRowsBefore(place);
+        if (m_children[place])
+            m_children[place]->init();
     }
+    renumberChildren(index + count);
     updateAddButton();
+}
+
+/// Null where nothing can ever come of the property.
+std::unique_ptr<SceneItem::Object> SceneItem::Object::makeChild(std::size_t place)
+{
+    zarn::BoundProperty property = m_object.propertyAt(place);
+    if (property.isValid() && !property.metaProperty()->canHoldObject()) {
+        const zarn::Annotations annotations = property.annotations();
+        if (!annotations.contain<Meta::IconButton>() && !annotations.contain<Meta::SceneItem>())
+            return nullptr;
+    }
+    return std::make_unique<Object>(m_sceneItem, std::move(property), this, place);
 }
 
 void SceneItem::Object::removeChildren(std::size_t index, std::size_t count)
 {
     if (!OZY_ASSERT(index + count <= m_children.size()))
         return;
-    for (std::size_t place = index; place < index + count; ++place)
-        m_children[place]->fini();
-    const auto first = m_children.begin() + static_cast<std::ptrdiff_t>(index);
-    m_children.erase(first, first + static_cast<std::ptrdiff_t>(count));
+    for (std::size_t place = index; place < index + count; ++place) {
+        if (m_children[place])
+            m_children[place]->fini();
+    }
+    forgetRowsBefore(index);
+    m_children.erase(index, count);
+    renumberChildren(index);
     updateAddButton();
 }
 
@@ -209,16 +218,25 @@ void SceneItem::Object::fixChildrenReferences(std::size_t from)
 {
     OZY_ASSERT(m_children.size() <= m_object.propertyCount());
     for (std::size_t place = from; place < m_children.size(); ++place) {
-        std::unique_ptr<Object>& child = m_children[place];
+        Object* const child = m_children[place].get();
+        if (!child)
+            continue;
         const zarn::BoundProperty property = m_object.propertyAt(place);
         // The keys first, which cost less to compare than values.
         if (child->m_property.key() == property.key() || !(child->m_object == zarn::ReflectedObject(property)))
             continue;
-        const std::size_t sceneItemIndex = child->m_sceneItemIndex;
         child->fini();
-        child = std::make_unique<Object>(m_sceneItem, property, this, sceneItemIndex);
-        child->m_place = place;
-        child->init();
+        forgetRowsBefore(place);
+        m_children[place] = std::make_unique<Object>(m_sceneItem, property, this, place);
+        m_children[place]->init();
+    }
+}
+
+void SceneItem::Object::renumberChildren(std::size_t from)
+{
+    for (std::size_t place = from; place < m_children.size(); ++place) {
+        if (m_children[place])
+            m_children[place]->m_place = place;
     }
 }
 
@@ -227,28 +245,57 @@ void SceneItem::Object::addSceneItems(std::ptrdiff_t delta)
     m_sceneItemCount += static_cast<std::size_t>(delta);
     const Object* node = this;
     for (Object* parent = parentInItem(); parent; parent = parent->parentInItem()) {
-        for (std::size_t later = parent->indexOf(*node) + 1; later < parent->m_children.size(); ++later)
-            parent->m_children[later]->m_sceneItemIndex += static_cast<std::size_t>(delta);
+        parent->forgetRowsBefore(parent->indexOf(*node) + 1);
         parent->m_sceneItemCount += static_cast<std::size_t>(delta);
         node = parent;
     }
+}
+
+/// What the children from `place` on know is no longer true.
+void SceneItem::Object::forgetRowsBefore(std::size_t place)
+{
+    if (m_countedChildren < place)
+        return;
+    m_countedChildren = place;
+    m_countedRows = 0;
+    while (place > 0 && !m_children[place - 1])
+        --place;
+    if (place > 0)
+        m_countedRows = m_children[place - 1]->m_rowsBefore + m_children[place - 1]->m_sceneItemCount;
+}
+
+/// How many rows the earlier siblings make.
+std::size_t SceneItem::Object::rowsBefore() const
+{
+    const Object* const parent = parentInItem();
+    if (!parent)
+        return 0;
+    for (const std::size_t place = parent->indexOf(*this); parent->m_countedChildren <= place; ++parent->m_countedChildren) {
+        if (const Object* const sibling = parent->m_children[parent->m_countedChildren].get()) {
+            sibling->m_rowsBefore = parent->m_countedRows;
+            parent->m_countedRows += sibling->m_sceneItemCount;
+        }
+    }
+    return m_rowsBefore;
 }
 
 std::size_t SceneItem::Object::indexOf(const Object& child) const
 {
     if (child.m_place < m_children.size() && m_children[child.m_place].get() == &child)
         return child.m_place;
-    const auto it = std::find_if(m_children.begin(), m_children.end(), [&](const auto& other) { return other.get() == &child; });
-    OZY_ASSERT(it != m_children.end());
-    child.m_place = static_cast<std::size_t>(it - m_children.begin());
-    return child.m_place;
+    std::size_t place = 0;
+    while (place < m_children.size() && m_children[place].get() != &child)
+        ++place;
+    OZY_ASSERT_AS("it != m_children.end()", place < m_children.size());
+    child.m_place = place;
+    return place;
 }
 
 std::size_t SceneItem::Object::sceneRow() const
 {
-    std::size_t row = m_sceneItemIndex;
+    std::size_t row = rowsBefore();
     for (const Object* parent = parentInItem(); parent && parent->parentInItem(); parent = parent->m_parent)
-        row += parent->m_sceneItemIndex;
+        row += parent->rowsBefore();
     return row;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <datamodels/scene/gap_vector.h>
 #include <datamodels/scene/scene_item.h>
 
 #include <cstddef>
@@ -14,8 +15,11 @@ class SceneItemButton;
 /// object on the way down. A node either makes one row, whose own nodes go on from there, or has nodes below it, or
 /// nothing. It also owns the buttons that its property asks for, and follows its object.
 ///
-/// Row numbers are sums of running counts: a node knows how many rows its earlier siblings make and how many it makes
-/// with all below it. An insertion or removal corrects the later siblings on each level.
+/// A row number is a sum up the path: a node knows how many rows it makes with all below it, and how many its earlier
+/// siblings make. The latter is counted when it is asked for, from the first sibling behind which something has changed,
+/// so that work that goes through all elements of a collection counts each of them once.
+///
+/// A property that can neither hold an object nor make a row or a button has no node.
 ///
 /// Owned by its parent, a root node by its item. Thread: GUI only.
 class SceneItem::Object
@@ -24,7 +28,7 @@ public:
     /// A root node, which walks at once. `parent` is the node in the parent item that made the item, or null.
     Object(SceneItem& item, zarn::ReflectedObject object, Object* parent);
     /// A node over a property; `init` walks, after the node has been put in its place.
-    Object(SceneItem& item, zarn::BoundProperty property, Object* parent, std::size_t sceneItemIndex);
+    Object(SceneItem& item, zarn::BoundProperty property, Object* parent, std::size_t place);
     ~Object();
     Q_DISABLE_COPY_MOVE(Object)
 
@@ -62,6 +66,10 @@ private:
     Object* parentInItem() const { return isInSameItem(m_parent) ? m_parent : nullptr; }
     bool contains(const zarn::ReflectedObject& object) const;
     bool isWalkable() const;
+    std::unique_ptr<Object> makeChild(std::size_t place);
+    void renumberChildren(std::size_t from);
+    void forgetRowsBefore(std::size_t place);
+    std::size_t rowsBefore() const;
     void makeRow();
     void dropRow();
     void walk(const zarn::Annotations& annotations);
@@ -89,14 +97,16 @@ private:
     int m_level;
     ryk::ScopedConnection m_propertyConnection;
     std::vector<ryk::ScopedConnection> m_objectConnections;
-    std::vector<std::unique_ptr<Object>> m_children;
+    GapVector<std::unique_ptr<Object>> m_children; // null for properties without a node
     Object* m_childRootObject = nullptr;
     SceneItemButton* m_iconButton = nullptr;
     SceneItemButton* m_deleteButton = nullptr;
     SceneItemButton* m_addButton = nullptr;
-    std::size_t m_sceneItemIndex = 0;
     std::size_t m_sceneItemCount = 0;
-    mutable std::size_t m_place = 0; // among the siblings, when last asked
+    mutable std::size_t m_place = 0;           // among the siblings, when last asked
+    mutable std::size_t m_rowsBefore = 0;      // true for the counted ones of the siblings
+    mutable std::size_t m_countedChildren = 0; // so many, from the first one on
+    mutable std::size_t m_countedRows = 0;     // which they make
     // Intended: found once, and kept also when the value is another one.
     std::optional<std::optional<Collection>> m_collection;
 };

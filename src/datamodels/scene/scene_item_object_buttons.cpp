@@ -87,9 +87,9 @@ void SceneItem::Object::updateAddButton()
     } else if (!isWanted) {
         removeButton(m_addButton);
     }
-    for (const std::unique_ptr<Object>& child : m_children) {
-        if (child->m_childRootObject)
-            child->m_childRootObject->updateDeleteButton();
+    for (std::size_t place = 0; place < m_children.size(); ++place) {
+        if (m_children[place] && m_children[place]->m_childRootObject)
+            m_children[place]->m_childRootObject->updateDeleteButton();
     }
 }
 

@@ -38,6 +38,12 @@ void MetaProperty::initialize()
     m_hasStateless = m_annotations.contain<Meta::Stateless>();
 }
 
+bool MetaProperty::canHoldObject() const
+{
+    return m_kind == Kind::Value
+        && (!m_valueType || m_valueType->pointee() || m_valueType->typeInfo() == typeid(ReflectedObject));
+}
+
 bool MetaProperty::isStateless(const BoundProperty& property) const
 {
     if (m_hasStateless) {

@@ -43,6 +43,8 @@ public:
     Kind kind() const { return m_kind; }
     /// What a value converts to; null where the property takes several types or asks its object.
     const qelm::MetaType* valueType() const { return m_valueType; }
+    /// Whether a value may be a handle on an object, or a pointer to one; false for methods.
+    bool canHoldObject() const;
     /// How many arguments a method takes.
     virtual std::size_t argumentCount() const { return 0; }
     virtual bool isConst() const { return false; }

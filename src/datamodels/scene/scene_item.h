@@ -10,6 +10,8 @@
 #include <QVariant>
 #include <QVector>
 
+#include <boost/container/static_vector.hpp>
+
 #include <memory>
 #include <vector>
 
@@ -95,7 +97,7 @@ private:
     SceneItemModel& m_model;
     SceneItem* m_parent = nullptr;
     GapVector<std::unique_ptr<SceneItem>> m_children;
-    std::vector<ryk::ScopedConnection> m_connections;
+    boost::container::static_vector<ryk::ScopedConnection, 5> m_connections;
     ryk::ScopedConnection m_resetWatch; // Intended: stays when the others are made anew
     QString m_name;
     bool m_expanded = true;

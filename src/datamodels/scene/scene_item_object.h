@@ -3,6 +3,8 @@
 #include <datamodels/scene/gap_vector.h>
 #include <datamodels/scene/scene_item.h>
 
+#include <boost/container/static_vector.hpp>
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -96,7 +98,7 @@ private:
     Object* m_parent;
     int m_level;
     ryk::ScopedConnection m_propertyConnection;
-    std::vector<ryk::ScopedConnection> m_objectConnections;
+    boost::container::static_vector<ryk::ScopedConnection, 5> m_objectConnections;
     GapVector<std::unique_ptr<Object>> m_children; // null for properties without a node
     Object* m_childRootObject = nullptr;
     SceneItemButton* m_iconButton = nullptr;

@@ -87,6 +87,8 @@ void SceneItem::Object::updateAddButton()
     } else if (!isWanted) {
         removeButton(m_addButton);
     }
+    if (!collection() || !collection()->canRemove)
+        return; // the elements neither have the other button nor ever will
     for (std::size_t place = 0; place < m_children.size(); ++place) {
         if (m_children[place] && m_children[place]->m_childRootObject)
             m_children[place]->m_childRootObject->updateDeleteButton();

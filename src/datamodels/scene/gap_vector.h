@@ -33,9 +33,10 @@ public:
     void erase(std::size_t position, std::size_t count = 1)
     {
         moveGapTo(position);
-        const auto first = m_slots.begin() + static_cast<std::ptrdiff_t>(m_gap + m_gapSize);
-        const std::vector<T> erased(std::make_move_iterator(first), std::make_move_iterator(first + static_cast<std::ptrdiff_t>(count)));
-        m_gapSize += count;
+        for (; count > 0; --count) {
+            [[maybe_unused]] const T erased = std::exchange(m_slots[m_gap + m_gapSize], T());
+            ++m_gapSize;
+        }
     }
 
 private:

@@ -106,10 +106,8 @@ bool numberToText(const MetaType& type, void* value, const Variant& source)
 
 bool textToNumber(const MetaType& type, void* value, std::string_view text)
 {
-    if (type.kind() == Kind::Bool && (text == "true" || text == "false")) {
-        *static_cast<bool*>(value) = text == "true";
-        return true;
-    }
+    if (type.kind() == Kind::Bool)
+        return false; // what converts to bool is a switch in the outliner, and a name is none
     if (type.kind() == Kind::Enumeration) {
         if (const auto* named = byName(type, text))
             return Number::ofSigned(named->value).store(type, value);

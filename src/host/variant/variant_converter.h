@@ -14,12 +14,10 @@ namespace qelm {
 /// types.
 ///
 /// A value that the target's type cannot hold fails, and never wraps or is cut. The rules:
-/// - Numbers: integers and enumerations by range; reals to integers by rounding to the nearest, and by range;
-/// to reals
+/// - Numbers: integers and enumerations by range; reals to integers by rounding to the nearest, and by range; to reals
 ///   always, but for what only infinity could stand for. To `bool`: whether it is not zero.
-/// - Text (`std::string`, UTF-8, and `QString`): to numbers if all of it is one, "true" and "false" to
-/// `bool`, to
-///   enumerations by name or number; from numbers the shortest text that reads back the same.
+/// - Text (`std::string`, UTF-8, and `QString`): to numbers if all of it is one, but not to `bool`; to enumerations by
+///   name or number; from numbers the shortest text that reads back the same, from `bool` "true" and "false".
 /// - `QVariant`: both ways, by what it holds. What Qt knows of a type serves types outside these rules.
 /// - Pointers: adding qualifiers, from a shared pointer to a plain one, from classes to bases that were
 /// declared.

@@ -225,6 +225,17 @@ private Q_SLOTS:
         QCOMPARE(visible(), (QList<bool>{false, false, true}));
     }
 
+    void selectedObjectsOfAnotherTypeAreLeftOut()
+    {
+        Limits other;
+        selection.select({hand});
+        selection.objects.emplace_back(reflect(other));
+
+        press(hand, "Show");
+
+        QCOMPARE(visible(), (QList<bool>{false, true, true}));
+    }
+
     void aMethodIsCalledForAllSelectedAndToldToTheSelection()
     {
         selection.select({tail, hand});
@@ -337,6 +348,21 @@ private Q_SLOTS:
         button(hand, "Show").data(Model::ActionRole).value<SceneItemButton*>()->invoke(nullptr);
 
         QCOMPARE(visible(), (QList<bool>{false, true, true}));
+    }
+
+    void anObjectMayDieWhileItsButtonIsPressed()
+    {
+        selection.select({hand, leg});
+        const ryk::ScopedConnection killing = property(hand, "isVisible").connectPropertyChanged([this] {
+            reflect(body->parts).removePropertyAt(0);
+            hand.reset();
+        });
+
+        press(hand, "Show");
+
+        QVERIFY(!hand);
+        QVERIFY(!leg->isVisible);
+        QCOMPARE(model->rowCount(model->indexOf(reflect(*body))), 2);
     }
 
     void qmlPressesAButtonWithTheSelection()

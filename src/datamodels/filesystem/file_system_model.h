@@ -30,10 +30,11 @@ class FileSystemModelItem;
 /// `reset`; nothing watches the disk. Rows come without signals, since nobody has been told of their absence; the only
 /// signals are those of a reset. `rowCount` waits for a worker that is just reading that directory.
 ///
-/// Owned by others: the file system, and the predicates while they are in a list. An index holds a pointer to its item
+/// Owned by others: the file system, and the predicates while they are in a list; a derived class that owns some takes
+/// them out in its destructor, since workers ask them until then. An index holds a pointer to its item
 /// and lives until the next reset. Bad input: a path that does not exist is a root without rows.
 /// Thread: GUI, and reading from a search. Workers run predicates, providers and the file system.
-/// Cost: about 350 bytes an entry; texts and dates are converted when a role first asks for them.
+/// Cost: about 360 bytes an entry; texts and dates are converted when a role first asks for them.
 class DATAMODELS_API FileSystemModel : public QAbstractItemModel
 {
     Q_OBJECT

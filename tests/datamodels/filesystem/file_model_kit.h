@@ -34,12 +34,10 @@ class FileModel : public datamodels::FileSystemModel
 public:
     FileModel(qelm::IFileSystem& files, const std::string& path) : FileSystemModel(files, path)
     {
-        addPredicate(Include, &m_everything);
+        static Predicate everything; // workers ask it until the base class has ended its job
+        addPredicate(Include, &everything);
     }
     using FileSystemModel::enumeratedChildrenCount;
     using FileSystemModel::FileSystemModel;
     using FileSystemModel::getItem;
-
-private:
-    Predicate m_everything;
 };

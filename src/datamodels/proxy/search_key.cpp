@@ -44,6 +44,17 @@ SearchKey::SearchKey(const QVariant& value) : m_value(value), m_isText(isCompare
         m_text = value.toString().toStdString();
 }
 
+std::optional<qlonglong> SearchKey::rank() const
+{
+    switch (m_value.userType()) {
+    case QMetaType::Bool:
+    case QMetaType::Int:
+        return m_value.toInt();
+    default:
+        return std::nullopt;
+    }
+}
+
 int SearchKey::compare(const SearchKey& other) const
 {
     if (m_isText && other.m_isText && m_text == other.m_text)

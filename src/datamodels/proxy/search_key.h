@@ -3,6 +3,7 @@
 #include <QModelIndex>
 #include <QVariant>
 
+#include <optional>
 #include <string>
 
 namespace qelm::datamodels::proxy {
@@ -17,6 +18,9 @@ class SearchKey
 public:
     SearchKey() = default;
     explicit SearchKey(const QVariant& value);
+
+    /// A whole number in the same order as the value, if it is one.
+    std::optional<qlonglong> rank() const;
 
     /// Below 0 where this one sorts ahead of `other`, above 0 where behind, 0 where neither.
     int compare(const SearchKey& other) const;

@@ -18,6 +18,7 @@ void SearchResults::clear()
     m_items.clear();
     m_byIndex.clear();
     m_isHashed = false;
+    m_isRanked = true;
 }
 
 std::size_t SearchResults::place(const SearchItem& item)
@@ -25,14 +26,15 @@ std::size_t SearchResults::place(const SearchItem& item)
     if (m_roles.empty())
         return size();
     m_newKeys = fetchKeys(item.index);
-    const auto isAhead = [this](Item* existing) { return isAheadOrEqual(*existing, m_newKeys); };
+    const qlonglong rank = rankOf(m_newKeys);
+    const auto isAhead = [this, rank](const Entry& existing) { return isAheadOrEqual(existing, rank); };
     const auto chunk = std::partition_point(m_chunks.begin(), m_chunks.end(),
-                                            [&](const auto& each) { return isAhead(each->items.back()); });
+                                            [&](const auto& each) { return isAhead(each->entries.back()); });
     if (chunk == m_chunks.end())
         return size();
-    const auto& items = (*chunk)->items;
-    const auto first = std::partition_point(items.begin(), items.end(), isAhead);
-    return firstRow((*chunk)->number) + static_cast<std::size_t>(first - items.begin());
+    const auto& entries = (*chunk)->entries;
+    const auto first = std::partition_point(entries.begin(), entries.end(), isAhead);
+    return firstRow((*chunk)->number) + static_cast<std::size_t>(first - entries.begin());
 }
 
 void SearchResults::insert(std::size_t row, SearchItem item)
@@ -40,6 +42,7 @@ void SearchResults::insert(std::size_t row, SearchItem item)
     Item& added = m_items.emplace_back();
     static_cast<SearchItem&>(added) = std::move(item);
     added.keys = std::exchange(m_newKeys, {});
+    const Entry entry{&added, rankOf(added.keys)};
     if (m_isHashed)
         m_byIndex.emplace(added.index, &added);
 
@@ -48,12 +51,12 @@ void SearchResults::insert(std::size_t row, SearchItem item)
         m_sums.push_back(0);
     }
     const Place place =
-        row + 1 < size() ? placeOf(row) : Place{m_chunks.size() - 1, m_chunks.back()->items.size()};
+        row + 1 < size() ? placeOf(row) : Place{m_chunks.size() - 1, m_chunks.back()->entries.size()};
     Chunk& chunk = *m_chunks[place.chunk];
     added.chunk = &chunk;
-    chunk.items.insert(chunk.items.begin() + static_cast<std::ptrdiff_t>(place.offset), &added);
+    chunk.entries.insert(chunk.entries.begin() + static_cast<std::ptrdiff_t>(place.offset), entry);
     count(place.chunk);
-    if (chunk.items.size() > fullChunk)
+    if (chunk.entries.size() > fullChunk)
         split(place.chunk);
 }
 
@@ -64,11 +67,11 @@ void SearchResults::split(std::size_t number)
     const bool isLast = number + 1 == m_chunks.size();
     const std::size_t kept = isLast ? fullChunk : fullChunk / 2;
     auto right = std::make_unique<Chunk>();
-    right->items.reserve(fullChunk + 1);
-    right->items.assign(left.items.begin() + static_cast<std::ptrdiff_t>(kept), left.items.end());
-    left.items.resize(kept);
-    for (Item* item : right->items)
-        item->chunk = right.get();
+    right->entries.reserve(fullChunk + 1);
+    right->entries.assign(left.entries.begin() + static_cast<std::ptrdiff_t>(kept), left.entries.end());
+    left.entries.resize(kept);
+    for (const Entry& entry : right->entries)
+        entry.item->chunk = right.get();
     m_chunks.insert(m_chunks.begin() + static_cast<std::ptrdiff_t>(number) + 1, std::move(right));
     countAnew();
 }
@@ -79,9 +82,11 @@ void SearchResults::sort(const std::vector<SortRole>& roles)
     std::vector<Item*> items;
     items.reserve(size());
     for (const auto& chunk : m_chunks)
-        items.insert(items.end(), chunk->items.begin(), chunk->items.end());
+        for (const Entry& entry : chunk->entries)
+            items.push_back(entry.item);
     for (Item* item : items)
         item->keys.clear();
+    m_isRanked = true;
     std::stable_sort(items.begin(), items.end(),
                      [this](Item* left, Item* right) { return compare(keysOf(*left), keysOf(*right)) < 0; });
     fill(items);
@@ -91,9 +96,9 @@ void SearchResults::fill(const std::vector<Item*>& items)
 {
     m_chunks.clear();
     for (Item* item : items) {
-        if (m_chunks.empty() || m_chunks.back()->items.size() == fullChunk / 2)
+        if (m_chunks.empty() || m_chunks.back()->entries.size() == fullChunk / 2)
             m_chunks.push_back(std::make_unique<Chunk>());
-        m_chunks.back()->items.push_back(item);
+        m_chunks.back()->entries.push_back({item, rankOf(keysOf(*item))});
         item->chunk = m_chunks.back().get();
     }
     countAnew();
@@ -118,10 +123,16 @@ int SearchResults::rowOf(const QModelIndex& source)
     return row;
 }
 
+void SearchResults::forgetKeys(std::size_t row)
+{
+    itemAt(row).keys.clear();
+    m_isRanked = false;
+}
+
 SearchResults::Item& SearchResults::itemAt(std::size_t row) const
 {
     const Place place = placeOf(row);
-    return *m_chunks[place.chunk]->items[place.offset];
+    return *m_chunks[place.chunk]->entries[place.offset].item;
 }
 
 /// Walks down the tree of sums to the chunk that the row is in.
@@ -147,9 +158,10 @@ std::size_t SearchResults::firstRow(std::size_t chunk) const
 
 std::size_t SearchResults::rowOfItem(const Item& item) const
 {
-    const auto& items = item.chunk->items;
-    const auto found = std::find(items.begin(), items.end(), &item);
-    return firstRow(item.chunk->number) + static_cast<std::size_t>(found - items.begin());
+    const auto& entries = item.chunk->entries;
+    const auto found = std::find_if(entries.begin(), entries.end(),
+                                    [&item](const Entry& entry) { return entry.item == &item; });
+    return firstRow(item.chunk->number) + static_cast<std::size_t>(found - entries.begin());
 }
 
 void SearchResults::count(std::size_t chunk)
@@ -164,7 +176,7 @@ void SearchResults::countAnew()
     for (std::size_t number = 0; number < m_chunks.size(); ++number) {
         m_chunks[number]->number = number;
         const std::size_t place = number + 1;
-        m_sums[place - 1] += m_chunks[number]->items.size();
+        m_sums[place - 1] += m_chunks[number]->entries.size();
         const std::size_t parent = place + (place & (~place + 1));
         if (parent <= m_sums.size())
             m_sums[parent - 1] += m_sums[place - 1];
@@ -187,9 +199,18 @@ const std::vector<SearchKey>& SearchResults::keysOf(Item& item) const
     return item.keys;
 }
 
-bool SearchResults::isAheadOrEqual(Item& item, const std::vector<SearchKey>& keys) const
+bool SearchResults::isAheadOrEqual(const Entry& entry, qlonglong rank) const
 {
-    return compare(keysOf(item), keys) <= 0;
+    if (m_isRanked && entry.rank != rank)
+        return (entry.rank < rank) == (m_roles.front().order == Qt::AscendingOrder);
+    return compare(keysOf(*entry.item), m_newKeys) <= 0;
+}
+
+qlonglong SearchResults::rankOf(const std::vector<SearchKey>& keys)
+{
+    const std::optional<qlonglong> rank = keys.empty() ? std::nullopt : keys.front().rank();
+    m_isRanked = m_isRanked && (keys.empty() || rank);
+    return rank.value_or(0);
 }
 
 int SearchResults::compare(const std::vector<SearchKey>& left, const std::vector<SearchKey>& right) const

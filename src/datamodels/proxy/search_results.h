@@ -52,7 +52,7 @@ public:
     /// The first row with this source index, or -1. The first call costs a pass over all.
     int rowOf(const QModelIndex& source);
     /// Has what the row is sorted by fetched again when it is next compared.
-    void forgetKeys(std::size_t row) { itemAt(row).keys.clear(); }
+    void forgetKeys(std::size_t row);
 
 private:
     struct Chunk;
@@ -61,10 +61,17 @@ private:
         Chunk* chunk = nullptr;
         std::vector<SearchKey> keys; ///< one a sort role, or none yet
     };
+    /// An item in a chunk, with its rank by the first sort role beside it, which a search for a place reads
+    /// first: the items themselves are all over the memory.
+    struct Entry
+    {
+        Item* item;
+        qlonglong rank;
+    };
     struct Chunk
     {
         std::size_t number = 0;
-        std::vector<Item*> items;
+        std::vector<Entry> entries;
     };
     struct Place
     {
@@ -77,7 +84,8 @@ private:
     std::size_t firstRow(std::size_t chunk) const;
     std::size_t rowOfItem(const Item& item) const;
     const std::vector<SearchKey>& keysOf(Item& item) const;
-    bool isAheadOrEqual(Item& item, const std::vector<SearchKey>& keys) const;
+    bool isAheadOrEqual(const Entry& entry, qlonglong rank) const;
+    qlonglong rankOf(const std::vector<SearchKey>& keys);
     int compare(const std::vector<SearchKey>& left, const std::vector<SearchKey>& right) const;
     std::vector<SearchKey> fetchKeys(const QModelIndex& index) const;
     void fill(const std::vector<Item*>& items);
@@ -90,6 +98,7 @@ private:
     std::vector<std::size_t> m_sums; ///< a Fenwick tree over the sizes of the chunks
     std::vector<SortRole> m_roles;
     std::vector<SearchKey> m_newKeys; ///< of the item that was last placed
+    bool m_isRanked = true;           ///< all values of the first sort role have ranks
     bool m_isHashed = false;
     std::unordered_multimap<QPersistentModelIndex, const Item*, PersistentIndexHash> m_byIndex;
 };

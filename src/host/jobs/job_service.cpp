@@ -43,7 +43,7 @@ JobService::Pointer JobService::start(unsigned priority, Task task)
 {
     auto job = std::make_shared<JobRecord>(std::move(task));
     Tasks dropped;
-    const Lock lock(m_mutex);
+    const Lock lock(*this);
     if (m_isClosed) {
         cancelFamily(*job, dropped);
     } else {
@@ -58,7 +58,7 @@ JobService::Pointer JobService::post(bool awaited, Task task)
     auto job = std::make_shared<JobRecord>(std::move(task));
     JobRecord* const caller = awaited ? JobRecord::current() : nullptr;
     Tasks dropped;
-    const Lock lock(m_mutex);
+    const Lock lock(*this);
     if (m_isClosed || (caller && caller->isCancelled)) {
         cancelFamily(*job, dropped);
         return job;
@@ -73,7 +73,9 @@ JobService::Pointer JobService::post(bool awaited, Task task)
 
 JobService::State JobService::wait(const Pointer& job)
 {
-    Lock lock(m_mutex);
+    if (job->state == State::Ended)
+        return State::Ended;
+    Lock lock(*this);
     if (!job->needsMe())
         block(*job, lock, [&] { return job->state == State::Ended || job->isStoppingMe(); });
     return job->state;
@@ -105,7 +107,7 @@ private:
 void JobService::cancel(const Pointer& job, bool wait)
 {
     Tasks dropped;
-    Lock lock(m_mutex);
+    Lock lock(*this);
     cancelFamily(*job, dropped);
     lock.unlock();
     dropped.clear();
@@ -120,7 +122,7 @@ void JobService::cancel(const Pointer& job, bool wait)
 void JobService::add(const Pointer& parent, const Pointer& added)
 {
     Tasks dropped;
-    Lock lock(m_mutex);
+    Lock lock(*this);
     if (added->familyHas(*parent)) {
         lock.unlock();
         DebugMessageHelper(Priority::refusal, "datamodels")
@@ -142,7 +144,7 @@ ryk::Connection JobService::watch(const Pointer& job, const std::function<void(S
 {
     const auto watch = std::make_shared<JobRecord::Watcher>();
     const ryk::Connection connection = watch->signal.connect(watcher);
-    const Lock lock(m_mutex);
+    const Lock lock(*this);
     if (m_isClosed)
         return {};
     job->watchers.push_back(watch);
@@ -215,13 +217,12 @@ void JobService::settle(JobRecord& job)
                 std::find(parent->added.begin(), parent->added.end(), job.shared_from_this()));
         settle(*parent);
     }
-    job.changed.notify_all();
-    m_guiCondition.notify_all();
+    m_changed.push_back(job.shared_from_this());
 }
 
 void JobService::open()
 {
-    const Lock lock(m_mutex);
+    const Lock lock(*this);
     m_isClosed = false;
     if (m_receiver)
         return;
@@ -233,7 +234,7 @@ void JobService::open()
 
 void JobService::close()
 {
-    Lock lock(m_mutex);
+    Lock lock(*this);
     m_isClosed = true;
     std::vector<Pointer> jobs;
     for (JobRecord* job : m_running)

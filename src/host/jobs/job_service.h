@@ -44,7 +44,26 @@ public:
     void runOnGuiThread();
 
 private:
-    using Lock = std::unique_lock<std::mutex>;
+    /// Wakes those who wait for changed jobs when it lets go, so that they do not run into it.
+    class Lock : public std::unique_lock<std::mutex>
+    {
+    public:
+        explicit Lock(JobService& service) : unique_lock(service.m_mutex), m_service(service) {}
+        ~Lock()
+        {
+            if (owns_lock())
+                unlock();
+        }
+        Q_DISABLE_COPY_MOVE(Lock)
+
+        void unlock();
+        void wait(std::condition_variable& condition);
+
+    private:
+        void notify(const std::vector<Pointer>& changed);
+
+        JobService& m_service;
+    };
     using Tasks = std::vector<Task>;
 
     /// Either the task of a job, or news of its states.
@@ -82,6 +101,7 @@ private:
     std::deque<GuiEntry> m_guiQueue;
     bool m_isWakePosted = false;
     std::vector<JobRecord*> m_running;
+    std::vector<Pointer> m_changed;                             ///< whose waiters are still to be woken
     std::vector<std::shared_ptr<JobRecord::Watcher>> m_unheard; ///< of jobs that ended while closed
     std::unique_ptr<GuiReceiver> m_receiver;
     std::condition_variable m_guiCondition; ///< for the GUI thread while it waits for a job

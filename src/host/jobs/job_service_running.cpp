@@ -31,6 +31,27 @@ void guarded(const char* what, Function function)
 
 } // namespace
 
+void JobService::Lock::unlock()
+{
+    const auto changed = std::exchange(m_service.m_changed, {});
+    unique_lock::unlock();
+    notify(changed); // whose records may die here
+}
+
+void JobService::Lock::wait(std::condition_variable& condition)
+{
+    notify(std::exchange(m_service.m_changed, {}));
+    condition.wait(*this);
+}
+
+void JobService::Lock::notify(const std::vector<Pointer>& changed)
+{
+    for (const Pointer& job : changed)
+        job->changed.notify_all();
+    if (!changed.empty())
+        m_service.m_guiCondition.notify_all();
+}
+
 /// Waits for a change of the job's family until `isOver`. A worker gives its place away meanwhile; the GUI
 /// thread runs what the job needs of it.
 void JobService::block(JobRecord& job, Lock& lock, const std::function<bool()>& isOver)
@@ -46,7 +67,7 @@ void JobService::block(JobRecord& job, Lock& lock, const std::function<bool()>& 
             if (const Pointer needed = takeNeeded(job))
                 run(needed, lock);
             else
-                m_guiCondition.wait(lock);
+                lock.wait(m_guiCondition);
         }
     } else {
         m_guiCondition.notify_all(); // it may have to run what this thread waits for
@@ -54,7 +75,8 @@ void JobService::block(JobRecord& job, Lock& lock, const std::function<bool()>& 
             --m_active;
             employWorker();
         }
-        job.changed.wait(lock, isOver);
+        while (!isOver())
+            lock.wait(job.changed);
         if (isWorker)
             ++m_active;
     }
@@ -82,7 +104,7 @@ void JobService::work()
 {
     isWorker = true;
     Pointer job; // outlives the lock
-    Lock lock(m_mutex);
+    Lock lock(*this);
     while (!m_isClosed) {
         job = canWork() ? takeFirstQueued() : nullptr;
         if (job) {
@@ -93,7 +115,7 @@ void JobService::work()
             --m_active;
         } else {
             ++m_idle;
-            m_workerCondition.wait(lock);
+            lock.wait(m_workerCondition);
             --m_idle;
         }
     }
@@ -102,7 +124,7 @@ void JobService::work()
 void JobService::runOnGuiThread()
 {
     GuiEntry entry; // outlives the lock
-    Lock lock(m_mutex);
+    Lock lock(*this);
     m_isWakePosted = false;
     entry = takeFirstPosted();
     if (!m_guiQueue.empty() && m_receiver) {

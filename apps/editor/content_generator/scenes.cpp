@@ -5,6 +5,7 @@
 #include <QLocale>
 #include <QStringList>
 
+#include <utility>
 #include <vector>
 
 namespace generator {
@@ -62,13 +63,24 @@ QString head(const char* className, const QString& name, bool isEnabled = true, 
         .arg(QLatin1String(className), name, yesNo(isEnabled), yesNo(isLocked));
 }
 
-/// A rectangle of the level, in metres.
+/// A rectangle of the level, in metres, and how things stand in it.
 struct Area
 {
+    enum Order
+    {
+        Scattered,
+        InStacks,     ///< a few close to each other
+        OnTheLeft,    ///< one above the other along the edge
+        OnTheRight,
+    };
+
     int left;
     int bottom;
     int right;
     int top;
+    Order order = Scattered;
+
+    Area with(Order other) const { return {left, bottom, right, top, other}; }
 };
 
 class Scene
@@ -83,14 +95,19 @@ public:
         const Area west{12, 40, 96, h - 40};
         const Area east{w - 96, 40, w - 12, h - 40};
         const Area basin{120, 60, w - 120, h - 60};
+        const Area westWall = west.with(Area::OnTheRight);
+        const Area westBack = west.with(Area::OnTheLeft);
+        const Area eastWall = east.with(Area::OnTheLeft);
+        const Area eastBack = east.with(Area::OnTheRight);
+        const Area market{30, 40, 72, 150, Area::InStacks};
         const QStringList groups{
-            group("West quay", {actors("Quay wall", quayProps, 42, west, 3), actors("Goods", goods, 56, west, 3),
-                                actors("Buildings", buildings, 9, west, 3, true), lights("Lamps", 14, west, 3)}),
-            group("East quay", {actors("Quay wall", quayProps, 38, east, 3), actors("Goods", goods, 61, east, 3),
-                                actors("Buildings", buildings, 7, east, 3, true), lights("Lamps", 12, east, 3)}),
-            group("Basin", {actors("Boats", boats, 24, basin, 3), actors("Adrift", goods, 33, basin, 3),
+            group("West quay", {actors("Quay wall", quayProps, 42, westWall, 3), actors("Goods", goods, 56, west.with(Area::InStacks), 3),
+                                actors("Buildings", buildings, 9, westBack, 3, true), lights("Lamps", 14, westWall, 3)}),
+            group("East quay", {actors("Quay wall", quayProps, 38, eastWall, 3), actors("Goods", goods, 61, east.with(Area::InStacks), 3),
+                                actors("Buildings", buildings, 7, eastBack, 3, true), lights("Lamps", 12, eastWall, 3)}),
+            group("Basin", {actors("Boats", boats, 24, basin, 3), actors("Adrift", goods, 33, basin.with(Area::InStacks), 3),
                             lights("Buoys", 9, basin, 3)}),
-            group("Winter market", {actors("Stalls", goods, 28, west, 3), lights("Lanterns", 16, west, 3)}, false),
+            group("Winter market", {actors("Stalls", goods, 28, market, 3), lights("Lanterns", 16, market, 3)}, false),
             group("Crews", spawnPoints()),
             group("Ways", ways(basin)),
         };
@@ -106,11 +123,23 @@ private:
              + QLatin1Char('}');
     }
 
-    QString placeIn(const Area& area, int lowest, int highest)
+    double between(int low, int high) { return m_random.between(low * 4, high * 4) / 4.0; }
+
+    /// The place of the nth of some objects.
+    QString placeIn(const Area& area, int n, int count, int lowest, int highest)
     {
-        const int x = m_random.between(area.left * 4, area.right * 4);
-        const int y = m_random.between(area.bottom * 4, area.top * 4);
-        return vector(x / 4.0, y / 4.0, m_random.between(lowest * 4, highest * 4) / 4.0);
+        double x = between(area.left, area.right);
+        double y = between(area.bottom, area.top);
+        if (area.order == Area::InStacks && n % 5 > 0) {
+            x = m_stack.first + between(-5, 5);
+            y = m_stack.second + between(-5, 5);
+        } else if (area.order == Area::InStacks) {
+            m_stack = {x, y};
+        } else if (area.order != Area::Scattered) {
+            x = (area.order == Area::OnTheLeft ? area.left : area.right) + between(-2, 2);
+            y = area.bottom + double((area.top - area.bottom) * n / count);
+        }
+        return vector(x, y, between(lowest, highest));
     }
 
     QString actors(const char* name, const std::vector<Prop>& props, int count, const Area& area, int depth, bool isLocked = false)
@@ -118,14 +147,14 @@ private:
         QStringList objects;
         for (int i = 1; i <= count; ++i) {
             const Prop& prop = m_random.pick(props);
-            objects << actor(prop, QStringLiteral("%1 %2").arg(QLatin1String(prop.name)).arg(i), area, depth + 1, isLocked);
+            const QString place = placeIn(area, i, count, prop.floats ? 0 : 1, prop.floats ? 0 : 2);
+            objects << actor(prop, QStringLiteral("%1 %2").arg(QLatin1String(prop.name)).arg(i), place, depth + 1, isLocked);
         }
         return group(name, objects, true, depth);
     }
 
-    QString actor(const Prop& prop, const QString& name, const Area& area, int depth, bool isLocked)
+    QString actor(const Prop& prop, const QString& name, const QString& place, int depth, bool isLocked)
     {
-        const QString place = placeIn(area, prop.floats ? 0 : 1, prop.floats ? 0 : 2);
         const bool isBroken = m_random.between(1, 60) == 1;
         const int scale = m_random.between(16, 30);
         const int heading = m_random.between(0, 23) * 15;
@@ -158,7 +187,7 @@ private:
         const std::vector<const char*> colours{"#ffd9a0", "#ffe9c8", "#a8c8ff", "#ffb870"};
         QStringList objects;
         for (int i = 1; i <= count; ++i) {
-            const QString place = placeIn(area, 3, 6);
+            const QString place = placeIn(area, i, count, 3, 6);
             objects << head("Light", QStringLiteral("Lamp %1").arg(i), m_random.between(1, 12) > 1)
                            + QStringLiteral(", \"position\": %1, \"kind\": \"%2\", \"colour\": \"%3\", \"intensity\": %4, "
                                             "\"range\": %5, \"castsShadows\": %6}")
@@ -177,30 +206,53 @@ private:
             for (const char* place : {"Helm", "Bow", "Hold"}) {
                 points << head("SpawnPoint", QStringLiteral("Crew %1, %2").arg(crew).arg(QLatin1String(place)))
                               + QStringLiteral(", \"position\": %1, \"heading\": %2, \"crew\": %3, \"radius\": 4}")
-                                    .arg(placeIn({100, 40, m_arena.width - 100, m_arena.height - 40}, 0, 0))
+                                    .arg(placeIn({100, 60 * crew, 130, 60 * crew + 40}, crew, m_arena.crews, 0, 0))
                                     .arg(m_random.between(0, 23) * 15).arg(crew);
             }
         }
         return points;
     }
 
+    /// Corners of an octagon, so that no platform rounds them in its own way.
+    QString onRing(double x, double y, int reach, int n, int count)
+    {
+        static constexpr double corners[8][2] = {{1, 0}, {0.75, 0.75}, {0, 1}, {-0.75, 0.75}, {-1, 0}, {-0.75, -0.75}, {0, -1}, {0.75, -0.75}};
+        const auto& corner = corners[n * 8 / count];
+        return vector(x + corner[0] * reach, y + corner[1] * reach, 0);
+    }
+
+    /// From the south to the north.
+    QString onWay(const Area& area, double x, int n, int count)
+    {
+        return vector(x + between(-12, 12), area.bottom + double((area.top - area.bottom) * n / (count - 1)), 0);
+    }
+
     QStringList ways(const Area& area)
     {
+        const std::vector<std::pair<const char*, const char*>> wanted{{"Ferry", "#7fc8a9"}, {"Salt barge", "#e08a5b"}, {"Patrol", "#d0706b"},
+                                                                      {"Current", "#5fa8c9"}, {"Lantern run", "#ffd166"}};
         QStringList paths;
-        for (const char* name : {"Ferry", "Salt barge", "Patrol", "Current", "Lantern run"}) {
+        for (const auto& [name, colour] : wanted) {
             QStringList points;
-            for (int i = 0, count = m_random.between(3, 9); i < count; ++i)
+            const bool isClosed = m_random.between(0, 1) > 0;
+            const double startX = between(area.left + 80, area.right - 80);
+            const double startY = between(area.bottom + 80, area.top - 80);
+            const int reach = m_random.between(30, 75);
+            for (int i = 0, count = m_random.between(5, 9); i < count; ++i) {
+                const QString place = isClosed ? onRing(startX, startY, reach, i, count) : onWay(area, startX, i, count);
                 points << QStringLiteral("{\"class\": \"PathPoint\", \"position\": %1, \"wait\": %2}")
-                              .arg(placeIn(area, 0, 0)).arg(m_random.between(0, 3) > 0 ? 0 : m_random.between(2, 20));
+                              .arg(place).arg(m_random.between(0, 3) > 0 ? 0 : m_random.between(2, 20));
+            }
             paths << head("Path", QLatin1String(name))
-                         + QStringLiteral(", \"colour\": \"#7fc8a9\", \"speed\": %1, \"closed\": %2, \"points\": %3}")
-                               .arg(number(m_random.between(4, 24) / 2.0), yesNo(m_random.between(0, 1) > 0), list(points, 3));
+                         + QStringLiteral(", \"colour\": \"%1\", \"speed\": %2, \"closed\": %3, \"points\": %4}")
+                               .arg(QLatin1String(colour), number(m_random.between(4, 24) / 2.0), yesNo(isClosed), list(points, 3));
         }
         return paths;
     }
 
     const Arena& m_arena;
     Random m_random;
+    std::pair<double, double> m_stack;
 };
 
 } // namespace

@@ -12,7 +12,14 @@ T.TextField {
     readonly property bool isTouched: text !== value
     signal entered(string text)
 
-    function restore() { text = value }
+    // Of a value that is too long its beginning shows, unless the end says more.
+    property bool showsEnd: false
+
+    function restore() {
+        text = value
+        if (!activeFocus && !showsEnd)
+            cursorPosition = 0
+    }
 
     implicitHeight: Theme.controlHeight
     leftPadding: Theme.margin

@@ -18,6 +18,7 @@ Row {
         width: parent.width - button.width - parent.spacing
         document: row.pane.document
         readOnly: row.line.isReadOnly
+        showsEnd: true
         isMixed: row.line.isMixed
         value: row.line.isMixed ? "\u2014" : row.line.value || ""
         onActiveFocusChanged: if (activeFocus) row.pane.reveal(field)

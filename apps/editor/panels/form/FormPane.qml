@@ -10,7 +10,7 @@ Flickable {
     property var rows
     property var document
     property var source // of files
-    readonly property int labelWidth: width < 300 ? 84 : 112
+    readonly property int labelWidth: width < 340 ? 78 : 112
 
     contentHeight: column.height + 2 * Theme.margin
     boundsBehavior: Flickable.StopAtBounds

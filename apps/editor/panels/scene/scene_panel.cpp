@@ -46,13 +46,13 @@ std::vector<Panel::Shot> ScenePanel::shots()
         m_outliner.frame(rowOf("Boats") + 2);
     };
     const auto selectSeveral = [this, rowOf] {
-        m_document.save();
+        m_outliner.toggle(rowOf("Boats"));
         m_outliner.toggle(rowOf("Lamps"));
         m_outliner.press(rowOf("Lamps") + 1, Qt::NoModifier);
         m_outliner.press(rowOf("Lamps") + 6, Qt::ShiftModifier);
+        m_outliner.frame(rowOf("Lamps"));
     };
-    Q_UNUSED(selectSeveral)
-    return {{QString(), edit}};
+    return {{QString(), edit}, {QStringLiteral("several"), selectSeveral}};
 }
 
 } // namespace editor

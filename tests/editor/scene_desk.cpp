@@ -81,6 +81,12 @@ QQuickItem& SceneDesk::buttonOf(const QString& name, const QString& button) cons
     return *found.constFirst();
 }
 
+QPointF SceneDesk::placeOf(const QString& name) const
+{
+    const editor::Vector& place = *object(name).place();
+    return {place.x, place.y};
+}
+
 QPointF SceneDesk::onMap(const QPointF& metres) const
 {
     QPointF place;

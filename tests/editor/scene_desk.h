@@ -38,6 +38,7 @@ public:
     void pressButton(const QString& row, const QString& button, Qt::KeyboardModifiers modifiers = {});
     QQuickItem& buttonOf(const QString& row, const QString& button) const;
     bool hasButton(const QString& row, const QString& button) const;
+    QPointF placeOf(const QString& name) const;
     /// Where a place of the level, in metres, is on the map.
     QPointF onMap(const QPointF& metres) const;
     /// Names of the selected rows, from the top.

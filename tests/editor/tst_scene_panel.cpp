@@ -319,6 +319,52 @@ private Q_SLOTS:
         QCOMPARE(desk.treeNames(), lampsOpen);
     }
 
+    void draggingAnObjectOnTheMapMovesWhatIsSelectedAsOneStep()
+    {
+        SceneDesk desk;
+        desk.open("Lamps");
+        desk.select("North lamp");
+        desk.select("East lamp", Qt::ControlModifier);
+        const QPointF east = desk.onMap({90, 50});
+
+        desk.dragAt(desk.item("map"), east, desk.onMap({80, 40}) - east);
+        const QStringList steps = desk.steps();
+        const auto moved = desk.placeOf("East lamp") + desk.placeOf("North lamp");
+        desk.press(Qt::Key_Z, Qt::ControlModifier);
+
+        QCOMPARE(moved, QPointF(80 + 40, 40 + 80));
+        QCOMPARE(steps, (QStringList{"Opened Saved", "1 Move 2 objects"}));
+        QCOMPARE(desk.placeOf("North lamp"), QPointF(50, 90));
+    }
+
+    void draggingALockedObjectMovesNothing()
+    {
+        SceneDesk desk;
+        desk.pressButton("Start", "unlock");
+        const QPointF start = desk.onMap({70, 70});
+
+        desk.dragAt(desk.item("map"), start, {40, 0});
+
+        QCOMPARE(desk.placeOf("Start"), QPointF(70, 70));
+    }
+
+    void draggingTheSheetAndTheWheelChangeTheView()
+    {
+        SceneDesk desk;
+        QQuickItem& map = desk.item("map");
+        const QPointF before = desk.onMap({50, 50});
+
+        desk.dragAt(map, desk.onMap({40, 60}), {30, 10});
+        const QPointF dragged = desk.onMap({50, 50});
+        desk.turnWheel(map, dragged, 3);
+        const double reach = desk.onMap({60, 50}).x() - desk.onMap({50, 50}).x();
+        desk.click("fit");
+
+        QCOMPARE(dragged.toPoint(), (before + QPointF(30, 10)).toPoint());
+        QVERIFY(reach > 1.5 * (desk.onMap({60, 50}).x() - desk.onMap({50, 50}).x()));
+        QCOMPARE(desk.onMap({50, 50}), before);
+    }
+
     void thePointerOverTheMapLightsUpTheRow()
     {
         SceneDesk desk;

@@ -26,6 +26,10 @@ FocusScope {
                 panel.outliner.clearSelection()
         }
     }
+    Connections {
+        target: panel.form.rows
+        function onEdited() { map.repaint() }
+    }
     Row {
         anchors.left: parent.left
         anchors.bottom: parent.bottom

@@ -195,16 +195,40 @@ void LevelMap::mousePressEvent(QMouseEvent* event)
 
 void LevelMap::mouseMoveEvent(QMouseEvent* event)
 {
-    m_isDragging = m_isDragging || (event->localPos() - m_pressed).manhattanLength() > 4;
-    if (!m_isDragging)
+    if (!m_isDragging && (event->localPos() - m_pressed).manhattanLength() <= 4)
         return;
+    if (!m_isDragging && event->buttons() & Qt::LeftButton)
+        beginDrag();
+    m_isDragging = true;
+    if (m_drag) {
+        m_drag->moveBy(toMetres(event->localPos()) - toMetres(m_pressed));
+        update();
+        return;
+    }
     const QPointF by = toMetres(m_last) - toMetres(event->localPos());
     m_last = event->localPos();
     lookAt(m_centre + by, m_scale > 0 ? m_scale : fittingScale());
 }
 
+/// An object under the pointer is moved, and all that is selected with it.
+void LevelMap::beginDrag()
+{
+    LevelObject* object = objectAt(m_pressed);
+    if (!object)
+        return;
+    if (!isSelected(*object))
+        m_outliner->selectObject(zarn::reflect(*object));
+    m_drag.emplace(*m_document, *m_outliner);
+}
+
+void LevelMap::mouseUngrabEvent()
+{
+    m_drag.reset();
+}
+
 void LevelMap::mouseReleaseEvent(QMouseEvent* event)
 {
+    m_drag.reset();
     if (m_isDragging || event->button() != Qt::LeftButton)
         return;
     LevelObject* object = objectAt(event->localPos());

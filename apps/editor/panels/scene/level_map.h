@@ -1,6 +1,6 @@
 #pragma once
 
-#include "scene_outliner.h"
+#include "map_drag.h"
 
 #include <QQuickPaintedItem>
 
@@ -8,8 +8,8 @@ namespace editor {
 
 /// The level from above: what stands where, what is selected, hovered and locked, and what was framed last.
 ///
-/// North is up. The whole level shows at first; the wheel zooms at the pointer, dragging moves the sheet. A click selects
-/// the object under it, with Control it turns it; a double click frames it. Hidden objects are left out, disabled ones
+/// North is up. The whole level shows at first; the wheel zooms at the pointer, dragging the sheet moves it. A click selects
+/// the object under it, with Control it turns it; a double click frames it; dragging it moves all that is selected. Hidden objects are left out, disabled ones
 /// are pale. Cost: a paint goes through all objects.
 class LevelMap : public QQuickPaintedItem
 {
@@ -36,6 +36,8 @@ public:
     Q_INVOKABLE void fit();
     /// An object in the middle, near enough to tell it from its neighbours.
     void frame(const zarn::ReflectedObject& object);
+    /// After a change that nobody has told of yet, as in the middle of a gesture.
+    Q_INVOKABLE void repaint() { update(); }
     /// Where a place of the level is in the item.
     Q_INVOKABLE QPointF toItem(const QPointF& metres) const;
 
@@ -50,6 +52,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseUngrabEvent() override;
     void hoverMoveEvent(QHoverEvent* event) override;
     void hoverLeaveEvent(QHoverEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
@@ -59,6 +62,7 @@ private:
     double fittingScale() const;
     LevelObject* objectAt(const QPointF& point) const;
     void setHovered(LevelObject* object);
+    void beginDrag();
     void lookAt(const QPointF& centre, double scale);
     void paintGrid(QPainter& painter) const;
     void paintObject(QPainter& painter, LevelObject& object, bool isEnabled) const;
@@ -71,6 +75,7 @@ private:
     double m_scale = 0; // pixels a metre; 0 while the whole level is in view
     zarn::ReflectedObject m_framed;
     zarn::ReflectedObject m_hovered;
+    std::optional<MapDrag> m_drag; // while objects are moved
     QPointF m_pressed;
     QPointF m_last;
     bool m_isDragging = false;

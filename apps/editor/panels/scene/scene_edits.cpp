@@ -20,10 +20,10 @@ zarn::ReflectedObject objectOf(const QModelIndex& index)
     return index.data(SceneRoles::Object).value<zarn::ReflectedObject>();
 }
 
-bool isLocked(const QModelIndex& index)
+bool isRowLocked(const QModelIndex& index)
 {
     const auto* object = zarn::cast<LevelObject>(objectOf(index));
-    return (object && object->isLocked) || (index.parent().isValid() && isLocked(index.parent()));
+    return (object && object->isLocked) || (index.parent().isValid() && isRowLocked(index.parent()));
 }
 
 /// Whether the collection that an object stands in can spare one.
@@ -49,18 +49,24 @@ bool liesBelow(const zarn::ReflectedObject& one, const zarn::ReflectedObject& ot
 
 } // namespace
 
+bool SceneOutliner::isLocked(const zarn::ReflectedObject& object)
+{
+    const QModelIndex index = m_model.indexOf(object);
+    return index.isValid() && isRowLocked(index);
+}
+
 bool SceneOutliner::canRemove() const
 {
     const QModelIndexList selected = m_selection.selectedIndexes();
     return std::any_of(selected.begin(), selected.end(),
-                       [](const QModelIndex& index) { return !isLocked(index) && isSpared(objectOf(index)); });
+                       [](const QModelIndex& index) { return !isRowLocked(index) && isSpared(objectOf(index)); });
 }
 
 void SceneOutliner::remove()
 {
     std::vector<zarn::ReflectedObject> removed;
     for (const QModelIndex& index : m_selection.selectedIndexes()) {
-        if (!isLocked(index) && !hasSelectedAncestor(index, m_selection))
+        if (!isRowLocked(index) && !hasSelectedAncestor(index, m_selection))
             removed.push_back(m_model.objectAt(index));
     }
     if (removed.empty())

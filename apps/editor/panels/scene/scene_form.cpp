@@ -1,6 +1,5 @@
 #include "scene_form.h"
 
-#include <datamodels/scene_roles.h>
 #include <host/reflection/bound_property.h>
 #include <host/reflection/cast.h>
 #include <host/reflection/meta.h>
@@ -13,14 +12,6 @@
 
 namespace editor {
 namespace {
-
-bool isLocked(const QModelIndex& row)
-{
-    if (!row.isValid())
-        return false;
-    const auto* object = zarn::cast<LevelObject>(row.data(SceneRoles::Object).value<zarn::ReflectedObject>());
-    return (object && object->isLocked) || isLocked(row.parent());
-}
 
 std::string typeOf(const zarn::ReflectedObject& object)
 {
@@ -100,7 +91,7 @@ void SceneForm::show()
 void SceneForm::follow()
 {
     m_rows.setReadOnly(std::any_of(m_objects.begin(), m_objects.end(), [this](const zarn::ReflectedObject& object) {
-        return isLocked(m_outliner.model().indexOf(object));
+        return m_outliner.isLocked(object);
     }));
     Q_EMIT subjectChanged();
 }

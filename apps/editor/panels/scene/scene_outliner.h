@@ -42,6 +42,8 @@ public:
     bool isEmpty() const { return m_rows.rowCount() == 0; }
     int selectedCount() const { return m_selection.selectedIndexes().size(); }
     bool canRemove() const;
+    /// Whether it is, or stands in, what is locked.
+    bool isLocked(const zarn::ReflectedObject& object);
     /// In the order of the rows.
     std::vector<zarn::ReflectedObject> selectedObjects();
 

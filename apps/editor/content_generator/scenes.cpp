@@ -130,7 +130,7 @@ private:
     {
         double x = between(area.left, area.right);
         double y = between(area.bottom, area.top);
-        if (area.order == Area::InStacks && n % 5 > 0) {
+        if (area.order == Area::InStacks && n % 5 != 1) {
             x = m_stack.first + between(-5, 5);
             y = m_stack.second + between(-5, 5);
         } else if (area.order == Area::InStacks) {

@@ -48,6 +48,14 @@ FocusScope {
         anchors.right: parent.right
         anchors.top: parent.top
         anchors.margins: Theme.margin
+
+        Rectangle {
+            z: -1
+            anchors.fill: parent
+            radius: Theme.radius
+            color: Theme.pane
+            opacity: 0.8
+        }
         icon.name: "fit"
         tip: qsTr("Brings the whole level into view (F)")
         onClicked: map.fit()

@@ -90,6 +90,7 @@ QString LevelMap::framedName() const
 void LevelMap::fit()
 {
     m_framed = {};
+    m_isFraming = false;
     if (m_document)
         lookAt({m_document->level().width / 2, m_document->level().height / 2}, 0);
 }
@@ -110,6 +111,7 @@ void LevelMap::frame(const zarn::ReflectedObject& object)
     if (!point && extent.isEmpty())
         return;
     m_framed = object;
+    m_isFraming = true;
     if (width() <= 2 * margin) // not laid out yet
         return;
     const double fits = std::min((width() - 2 * margin) / std::max(extent.width(), 1.0),
@@ -150,7 +152,7 @@ void LevelMap::lookAt(const QPointF& centre, double scale)
 void LevelMap::geometryChanged(const QRectF& now, const QRectF& before)
 {
     QQuickPaintedItem::geometryChanged(now, before);
-    if (before.isEmpty() && m_framed.isValid())
+    if (m_isFraming)
         frame(m_framed);
     update();
 }
@@ -205,6 +207,7 @@ void LevelMap::mouseMoveEvent(QMouseEvent* event)
         update();
         return;
     }
+    m_isFraming = false;
     const QPointF by = toMetres(m_last) - toMetres(event->localPos());
     m_last = event->localPos();
     lookAt(m_centre + by, m_scale > 0 ? m_scale : fittingScale());
@@ -256,6 +259,7 @@ void LevelMap::hoverLeaveEvent(QHoverEvent*)
 
 void LevelMap::wheelEvent(QWheelEvent* event)
 {
+    m_isFraming = false;
     const QPointF under = toMetres(event->position());
     const double before = m_scale > 0 ? m_scale : fittingScale();
     const double scale = std::clamp(before * std::pow(1.2, event->angleDelta().y() / 120.0), fittingScale() / 2, largestScale);

@@ -74,6 +74,7 @@ private:
     QPointF m_centre;
     double m_scale = 0; // pixels a metre; 0 while the whole level is in view
     zarn::ReflectedObject m_framed;
+    bool m_isFraming = false; // as long as nobody has looked elsewhere
     zarn::ReflectedObject m_hovered;
     std::optional<MapDrag> m_drag; // while objects are moved
     QPointF m_pressed;

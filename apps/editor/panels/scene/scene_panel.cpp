@@ -43,7 +43,7 @@ std::vector<Panel::Shot> ScenePanel::shots()
         m_outliner.press(rowOf("Boats") + 2, Qt::NoModifier);
         m_form.rows()->write(m_form.rows()->find(QStringLiteral("heading")), 135);
         m_form.rows()->write(m_form.rows()->find(QStringLiteral("tags")) + 1, QStringLiteral("ferry"));
-        m_outliner.frame(rowOf("Boats") + 2);
+        m_outliner.frame(rowOf("Boats"));
     };
     const auto selectSeveral = [this, rowOf] {
         m_outliner.toggle(rowOf("Boats"));

@@ -1,5 +1,7 @@
 #include "editor_tabs.h"
 
+#include "host_services.h"
+
 namespace editor {
 
 Tab::Tab(const PanelEntry& entry, const PanelContext& context) : m_entry(entry), m_context(context) {}
@@ -16,6 +18,7 @@ void Tab::open()
 
 Tabs::Tabs(const PanelContext& context, const QString& panel) : m_context(context)
 {
+    installHostServices(context.content);
     for (const PanelEntry& entry : panelTable()) {
         if (panel == QLatin1String(entry.name))
             m_currentIndex = static_cast<int>(m_tabs.size());

@@ -1,6 +1,7 @@
 #include "panel_table.h"
 
 #include "assets/assets_panel.h"
+#include "files/files_panel.h"
 #include "graph/graph_panel.h"
 #include "history/history_panel.h"
 #include "library/library_panel.h"
@@ -27,6 +28,7 @@ const std::vector<PanelEntry>& panelTable()
         {"library", "Library", "library", "qrc:/panels/library/LibraryPanel.qml", &make<LibraryPanel>},
         {"assets", "Assets", "grid", "qrc:/panels/assets/AssetsPanel.qml", &make<AssetsPanel>},
         {"mounts", "Mounts", "mounts", "qrc:/panels/mounts/MountsPanel.qml", &make<MountsPanel>},
+        {"files", "Files", "search", "qrc:/panels/files/FilesPanel.qml", &make<FilesPanel>},
         {"scene", "Scene", "level", "qrc:/panels/scene/ScenePanel.qml", &make<ScenePanel>},
         {"services", "Services", "services", "qrc:/panels/services/ServicesPanel.qml", &make<ServicesPanel>},
         {"history", "History", "history", "qrc:/panels/history/HistoryPanel.qml", &make<HistoryPanel>},

@@ -399,6 +399,7 @@ private Q_SLOTS:
         desk.writeScene(SceneDesk::level.left(300));
 
         desk.press(Qt::Key_F5);
+        desk.press(Qt::Key_F5);
         const QString message = desk.text("message");
         desk.click("dismiss");
 
@@ -414,9 +415,21 @@ private Q_SLOTS:
         desk.pressButton("Lamps", "trash");
 
         desk.click("reload");
+        desk.click("reload");
 
         QCOMPARE(desk.treeNames(), closed);
         QCOMPARE(desk.steps(), (QStringList{"Opened Saved"}));
+    }
+
+    void reloadingAsksBeforeItLosesEdits()
+    {
+        SceneDesk desk;
+        desk.pressButton("Lamps", "trash");
+
+        desk.press(Qt::Key_F5);
+
+        QVERIFY(desk.text("message").endsWith("has edits that were not saved. Reload once more to lose them."));
+        QCOMPARE(desk.steps().size(), 2);
     }
 
     void aProjectWithoutASceneSaysWhereItWouldBe()

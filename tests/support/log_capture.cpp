@@ -34,7 +34,8 @@ Line lineOf(const Record& record)
                                : QStringLiteral(" (%1)").arg(QString::fromStdString(record.detail));
     if (text.startsWith(assertionPrefix))
         return {Kind::assertion, text.mid(assertionPrefix.size()) + detail};
-    return {Kind::message, QStringLiteral("%1 %2%3").arg(record.priority).arg(text, detail)};
+    const bool isProgress = record.priority == Ozy::Priority::progress;
+    return {Kind::message, QStringLiteral("%1 %2%3").arg(record.priority).arg(text, detail), isProgress};
 }
 
 QString kindOf(QtMsgType type)

@@ -14,7 +14,8 @@
 ///     datamodels::hostService<IMonitor>();
 ///     QCOMPARE(log.assertions(), QStringList{"ptr"});
 ///
-/// What a test has not read is shown when the test fails. With `FailOnRest` it fails the test.
+/// What a test has not read is shown when the test fails. With `FailOnRest` it fails the test, but for messages of
+/// priority 1, which tell progress.
 /// Captures nest: the innermost gets the messages. Destroy them in the reverse order.
 class LogCapture
 {

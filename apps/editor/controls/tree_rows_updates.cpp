@@ -7,7 +7,7 @@ namespace editor {
 void TreeRows::onRowsInserted(const QModelIndex& parent, int first, int last)
 {
     Node* const node = nodeOf(parent);
-    if (!node)
+    if (!node || last < first) // trees that read on demand announce an empty folder each time that they are asked
         return;
     if (node->isOpen) {
         const auto position = static_cast<std::size_t>(first);

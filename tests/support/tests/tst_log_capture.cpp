@@ -158,6 +158,13 @@ private Q_SLOTS:
         QCOMPARE(log.qtMessages(), QStringList{"warning odd"});
     }
 
+    void progressNeedNotBeRead()
+    {
+        LogCapture log(LogCapture::FailOnRest);
+
+        DebugMessageHelper(1, "datamodels").message("reading");
+    }
+
     void readingOneKindDoesNotExcuseAnother()
     {
         LogCapture log(LogCapture::FailOnRest);

@@ -16,6 +16,8 @@ FilesPanel::FilesPanel(const PanelContext& context)
     , m_selection(&m_files)
     , m_rootsPane(m_files, m_selection, VirtualFilesystemModel::FilePath)
 {
+    connect(m_rootsPane.rows(), &QAbstractItemModel::rowsInserted, this,
+            [this](const QModelIndex&, int first, int last) { readAhead(first, last); }, Qt::QueuedConnection);
     addRoots();
     m_maps.load();
     connect(&m_scan, &FileScan::modelChanged, this, [this] {
@@ -41,6 +43,14 @@ void FilesPanel::addRoots()
     const auto name = [](const QFileInfo& info) { return info.fileName(); };
     for (const QFileInfo& entry : entries)
         m_files.addPathOnDemand(entry.absoluteFilePath(), entry.fileName(), {all, name});
+    readAhead(0, m_rootsPane.rows()->rowCount() - 1);
+}
+
+// A view that asks a row whether it opens must not hear in that very moment that it does.
+void FilesPanel::readAhead(int firstRow, int lastRow)
+{
+    for (int row = firstRow; row <= lastRow; ++row)
+        m_files.rowCount(m_rootsPane.rows()->mapToSource(m_rootsPane.rows()->index(row, 0)));
 }
 
 QString FilesPanel::status() const

@@ -59,6 +59,7 @@ Q_SIGNALS:
 
 private:
     void addRoots();
+    void readAhead(int firstRow, int lastRow);
 
     QString m_content;
     datamodels::VirtualFilesystemModel m_files;

@@ -63,8 +63,8 @@ Rectangle {
             IconButton {
                 objectName: "reload"
                 icon.name: "reload"
-                tip: qsTr("Read the level again, without what was not saved (F5)")
-                onClicked: document.reload()
+                tip: qsTr("Read the level from its file again (F5)")
+                onClicked: document.askToReload()
             }
         }
         SearchField {

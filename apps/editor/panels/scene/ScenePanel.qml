@@ -22,7 +22,7 @@ FocusScope {
     Shortcut {
         sequence: "F5"
         enabled: scene.visible
-        onActivated: panel.document.reload()
+        onActivated: panel.document.askToReload()
     }
     MessageBar {
         id: message

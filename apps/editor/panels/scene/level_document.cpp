@@ -63,8 +63,19 @@ bool LevelDocument::reload()
     return true;
 }
 
+void LevelDocument::askToReload()
+{
+    if (m_history->isClean() || m_isAsking) {
+        reload();
+        return;
+    }
+    setMessage(QStringLiteral("%1 has edits that were not saved. Reload once more to lose them.").arg(name()));
+    m_isAsking = true;
+}
+
 void LevelDocument::setMessage(const QString& message)
 {
+    m_isAsking = false;
     if (m_message == message)
         return;
     m_message = message;

@@ -45,7 +45,9 @@ public:
 
     Q_INVOKABLE bool save();
     /// Reads the file again; edits that were not saved are lost, and so is the history.
-    Q_INVOKABLE bool reload();
+    bool reload();
+    /// The same, but where edits would be lost only when it is asked for again; the first time says so.
+    Q_INVOKABLE void askToReload();
     Q_INVOKABLE void dismissMessage() { setMessage(QString()); }
 
 Q_SIGNALS:
@@ -62,6 +64,7 @@ private:
     ModifiedMarks m_marks;
     QString m_message;
     bool m_isRead = false;
+    bool m_isAsking = false; // the message is the question
 };
 
 } // namespace editor

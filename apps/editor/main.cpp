@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QQuickWindow>
 #include <QTemporaryDir>
 #include <QTextCodec>
@@ -40,6 +41,8 @@ int main(int argc, char** argv)
 {
     // The names of a project's files are UTF-8 whatever the locale says, which on a bare machine is nothing.
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    // Progress is for those who ask: QT_LOGGING_RULES=datamodels.debug=true.
+    QLoggingCategory::setFilterRules(QStringLiteral("datamodels.debug=false"));
 
     QStringList arguments;
     for (int i = 1; i < argc; ++i)

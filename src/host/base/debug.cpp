@@ -20,8 +20,9 @@ void writeToQtLog(const DebugMessageHelper::Record& record)
         text += QStringLiteral(" (%1)").arg(QString::fromStdString(record.detail));
 
     const QMessageLogger log(record.file, record.line, nullptr, record.category);
+    const QLoggingCategory category(record.category);
     if (record.priority < Priority::predicate)
-        log.debug("%s", qUtf8Printable(text));
+        log.debug(category, "%s", qUtf8Printable(text));
     else if (record.priority < Priority::structural)
         log.warning("%s", qUtf8Printable(text));
     else

@@ -143,7 +143,7 @@ private Q_SLOTS:
         QCOMPARE(job.state(), Job::Queued);
         QVERIFY(!thread);
         QTRY_COMPARE(job.state(), Job::Ended);
-        QCOMPARE(thread, qApp->thread());
+        QCOMPARE(thread, QCoreApplication::instance()->thread());
     }
 
     void guiTasksRunInTheOrderInWhichTheyArePosted()
@@ -314,7 +314,7 @@ private Q_SLOTS:
         QTRY_VERIFY(log.hasEnded());
 
         QCOMPARE(log.states, (QList<int>{2, 4}));
-        QCOMPARE(thread, qApp->thread());
+        QCOMPARE(thread, QCoreApplication::instance()->thread());
     }
 
     void aWatcherThatComesLateHearsAllTheSame()

@@ -139,6 +139,16 @@ private Q_SLOTS:
         QVERIFY(desk.pixels(*desk.rowItems("results").first(), QColor("#5f5020")) > 0);
     }
 
+    void aNumberIsMarkedAsItIsWrittenInTheName()
+    {
+        FilesDesk desk([](const SampleProject& project) { project.write("boats/oar007.mesh", 7); });
+
+        desk.search("oar7");
+
+        QCOMPARE(desk.results(), (QStringList{"oar007.mesh boats 7 B"}));
+        QVERIFY(desk.pixels(*desk.rowItems("results").first(), QColor("#5f5020")) > 0);
+    }
+
     void anotherWordTakesTheOldResultsAway()
     {
         FilesDesk desk;

@@ -12,6 +12,8 @@ Rectangle {
     property bool isCurrent: false
     property bool isActive: false
     readonly property string kind: model.absolutePath === undefined ? "document" : panel.iconOf(model.absolutePath, model.isDirectory)
+    readonly property var matches: model.searchInfo && model.display
+                                   ? model.searchInfo.ranges.map(range => model.display.substr(range.start, range.length)) : []
     signal picked
 
     height: Theme.rowHeight
@@ -38,7 +40,7 @@ Rectangle {
         width: row.nameWidth - x - Theme.margin
         height: parent.height
         text: model.display || qsTr("(gone)")
-        needles: panel.search.needles
+        needles: row.matches
         font: Theme.font
         color: model.display ? Theme.text : Theme.faint
         matchColor: Theme.match

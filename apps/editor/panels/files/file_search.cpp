@@ -45,9 +45,9 @@ void FileSearch::setText(const QString& text)
     start();
 }
 
-QStringList FileSearch::needles() const
+bool FileSearch::hasWords() const
 {
-    return text().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    return !text().trimmed().isEmpty();
 }
 
 void FileSearch::start()
@@ -55,10 +55,10 @@ void FileSearch::start()
     setCurrent(-1);
     if (!source())
         return;
-    if (needles().isEmpty())
-        m_results.search(QModelIndex(), [](const QModelIndex&, QVariant&) { return false; });
-    else
+    if (hasWords())
         m_matcher.search(&m_results, QModelIndex());
+    else
+        m_results.search(QModelIndex(), [](const QModelIndex&, QVariant&) { return false; });
 }
 
 void FileSearch::sortBy(const QString& role, bool isAdding)

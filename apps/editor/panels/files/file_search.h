@@ -13,7 +13,6 @@ class FileSearch : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
-    Q_PROPERTY(QStringList needles READ needles NOTIFY textChanged)
     Q_PROPERTY(QAbstractItemModel* results READ results CONSTANT)
     Q_PROPERTY(bool isSearching READ isSearching NOTIFY stateChanged)
     Q_PROPERTY(int count READ count NOTIFY stateChanged)
@@ -30,7 +29,7 @@ public:
     QString text() const { return m_matcher.text(); }
     /// Starts at once, in place of the search before; without words there are no results.
     void setText(const QString& text);
-    QStringList needles() const;
+    bool hasWords() const;
 
     qelm::datamodels::proxy::SearchProxyModel* results() { return &m_results; }
     bool isSearching() const { return m_results.isSeraching(); }

@@ -56,7 +56,7 @@ void FilesPanel::readAhead(int firstRow, int lastRow)
 QString FilesPanel::status() const
 {
     QString text = m_scan.progress();
-    if (!m_search.needles().isEmpty())
+    if (m_search.hasWords())
         text += QStringLiteral("; ") + counted(m_search.count(), "result", "results");
     return text;
 }

@@ -59,7 +59,8 @@ QString list(const QStringList& objects, int depth)
 /// What every object of a level begins with.
 QString head(const char* className, const QString& name, bool isEnabled = true, bool isLocked = false)
 {
-    return QStringLiteral("{\"class\": \"%1\", \"_objectName\": \"%2\", \"_isEnabled\": %3, \"visible\": true, \"locked\": %4")
+    return QStringLiteral(
+               "{\"class\": \"%1\", \"_objectName\": \"%2\", \"_isEnabled\": %3, \"visible\": true, \"locked\": %4")
         .arg(QLatin1String(className), name, yesNo(isEnabled), yesNo(isLocked));
 }
 
@@ -101,19 +102,25 @@ public:
         const Area eastBack = east.with(Area::OnTheRight);
         const Area market{30, 40, 72, 150, Area::InStacks};
         const QStringList groups{
-            group("West quay", {actors("Quay wall", quayProps, 42, westWall, 3), actors("Goods", goods, 56, west.with(Area::InStacks), 3),
-                                actors("Buildings", buildings, 9, westBack, 3, true), lights("Lamps", 14, westWall, 3)}),
-            group("East quay", {actors("Quay wall", quayProps, 38, eastWall, 3), actors("Goods", goods, 61, east.with(Area::InStacks), 3),
-                                actors("Buildings", buildings, 7, eastBack, 3, true), lights("Lamps", 12, eastWall, 3)}),
-            group("Basin", {actors("Boats", boats, 24, basin, 3), actors("Adrift", goods, 33, basin.with(Area::InStacks), 3),
-                            lights("Buoys", 9, basin, 3)}),
+            group("West quay",
+                  {actors("Quay wall", quayProps, 42, westWall, 3),
+                   actors("Goods", goods, 56, west.with(Area::InStacks), 3),
+                   actors("Buildings", buildings, 9, westBack, 3, true), lights("Lamps", 14, westWall, 3)}),
+            group("East quay",
+                  {actors("Quay wall", quayProps, 38, eastWall, 3),
+                   actors("Goods", goods, 61, east.with(Area::InStacks), 3),
+                   actors("Buildings", buildings, 7, eastBack, 3, true), lights("Lamps", 12, eastWall, 3)}),
+            group("Basin", {actors("Boats", boats, 24, basin, 3),
+                            actors("Adrift", goods, 33, basin.with(Area::InStacks), 3), lights("Buoys", 9, basin, 3)}),
             group("Winter market", {actors("Stalls", goods, 28, market, 3), lights("Lanterns", 16, market, 3)}, false),
             group("Crews", spawnPoints()),
             group("Ways", ways(basin)),
         };
-        return QStringLiteral("{\"format\": \"level scene\", \"version\": 1, \"scene\":\n") + head("Level", QLatin1String(m_arena.title))
-             + QStringLiteral(", \"children\": ") + list(groups, 1)
-             + QStringLiteral(", \"width\": %1, \"height\": %2, \"waterColour\": \"#2b4a5a\", \"waterLevel\": 0}}\n").arg(w).arg(h);
+        return QStringLiteral("{\"format\": \"level scene\", \"version\": 1, \"scene\":\n")
+               + head("Level", QLatin1String(m_arena.title)) + QStringLiteral(", \"children\": ") + list(groups, 1)
+               + QStringLiteral(", \"width\": %1, \"height\": %2, \"waterColour\": \"#2b4a5a\", \"waterLevel\": 0}}\n")
+                     .arg(w)
+                     .arg(h);
     }
 
 private:
@@ -142,13 +149,15 @@ private:
         return vector(x, y, between(lowest, highest));
     }
 
-    QString actors(const char* name, const std::vector<Prop>& props, int count, const Area& area, int depth, bool isLocked = false)
+    QString actors(const char* name, const std::vector<Prop>& props, int count, const Area& area, int depth,
+                   bool isLocked = false)
     {
         QStringList objects;
         for (int i = 1; i <= count; ++i) {
             const Prop& prop = m_random.pick(props);
             const QString place = placeIn(area, i, count, prop.floats ? 0 : 1, prop.floats ? 0 : 2);
-            objects << actor(prop, QStringLiteral("%1 %2").arg(QLatin1String(prop.name)).arg(i), place, depth + 1, isLocked);
+            objects << actor(prop, QStringLiteral("%1 %2").arg(QLatin1String(prop.name)).arg(i), place, depth + 1,
+                             isLocked);
         }
         return group(name, objects, true, depth);
     }
@@ -162,22 +171,30 @@ private:
                            : prop.floats             ? QStringLiteral("[\"floats\", \"prop\"]")
                                                      : QStringLiteral("[]");
         return head("Actor", name, m_random.between(1, 24) > 1, isLocked)
-             + QStringLiteral(", \"position\": %1, \"heading\": %2, \"scale\": %3, \"mobility\": \"%4\", \"model\": \"%5\", "
-                              "\"notes\": \"\", \"tags\": %6, \"components\": %7}")
-                   .arg(place).arg(heading).arg(number(scale / 20.0)).arg(QLatin1String(prop.mobility))
-                   .arg(isBroken ? QString() : QLatin1String(prop.model), tags, list(components(prop), depth));
+               + QStringLiteral(
+                     ", \"position\": %1, \"heading\": %2, \"scale\": %3, \"mobility\": \"%4\", \"model\": \"%5\", "
+                     "\"notes\": \"\", \"tags\": %6, \"components\": %7}")
+                     .arg(place)
+                     .arg(heading)
+                     .arg(number(scale / 20.0))
+                     .arg(QLatin1String(prop.mobility))
+                     .arg(isBroken ? QString() : QLatin1String(prop.model), tags, list(components(prop), depth));
     }
 
     QStringList components(const Prop& prop)
     {
-        const QString size = vector(m_random.between(2, 12) / 4.0, m_random.between(2, 12) / 4.0, m_random.between(2, 8) / 4.0);
-        QStringList parts{QStringLiteral("{\"class\": \"Collider\", \"active\": true, \"shape\": \"%1\", \"size\": %2, \"trigger\": false}")
-                              .arg(m_random.between(0, 2) > 0 ? QStringLiteral("Box") : QStringLiteral("Hull"), size)};
+        const QString size =
+            vector(m_random.between(2, 12) / 4.0, m_random.between(2, 12) / 4.0, m_random.between(2, 8) / 4.0);
+        QStringList parts{
+            QStringLiteral(
+                "{\"class\": \"Collider\", \"active\": true, \"shape\": \"%1\", \"size\": %2, \"trigger\": false}")
+                .arg(m_random.between(0, 2) > 0 ? QStringLiteral("Box") : QStringLiteral("Hull"), size)};
         if (prop.floats)
             parts << QStringLiteral("{\"class\": \"Buoyancy\", \"active\": true, \"density\": %1, \"drag\": 0.2}")
                          .arg(number(m_random.between(6, 18) / 20.0));
         if (QLatin1String(prop.mobility) == QLatin1String("Driven"))
-            parts << QStringLiteral("{\"class\": \"Sound\", \"active\": true, \"file\": \"sounds/boats.bank\", \"volume\": %1, \"loops\": true}")
+            parts << QStringLiteral("{\"class\": \"Sound\", \"active\": true, \"file\": \"sounds/boats.bank\", "
+                                    "\"volume\": %1, \"loops\": true}")
                          .arg(m_random.between(8, 18) * 5);
         return parts;
     }
@@ -189,11 +206,14 @@ private:
         for (int i = 1; i <= count; ++i) {
             const QString place = placeIn(area, i, count, 3, 6);
             objects << head("Light", QStringLiteral("Lamp %1").arg(i), m_random.between(1, 12) > 1)
-                           + QStringLiteral(", \"position\": %1, \"kind\": \"%2\", \"colour\": \"%3\", \"intensity\": %4, "
-                                            "\"range\": %5, \"castsShadows\": %6}")
-                                 .arg(place, m_random.between(0, 3) > 0 ? QStringLiteral("Point") : QStringLiteral("Spot"),
+                           + QStringLiteral(
+                                 ", \"position\": %1, \"kind\": \"%2\", \"colour\": \"%3\", \"intensity\": %4, "
+                                 "\"range\": %5, \"castsShadows\": %6}")
+                                 .arg(place,
+                                      m_random.between(0, 3) > 0 ? QStringLiteral("Point") : QStringLiteral("Spot"),
                                       QLatin1String(m_random.pick(colours)))
-                                 .arg(m_random.between(4, 18) * 5).arg(number(m_random.between(12, 60) / 2.0))
+                                 .arg(m_random.between(4, 18) * 5)
+                                 .arg(number(m_random.between(12, 60) / 2.0))
                                  .arg(yesNo(m_random.between(0, 2) > 0));
         }
         return group(name, objects, true, depth);
@@ -216,7 +236,8 @@ private:
     /// Corners of an octagon, so that no platform rounds them in its own way.
     QString onRing(double x, double y, int reach, int n, int count)
     {
-        static constexpr double corners[8][2] = {{1, 0}, {0.75, 0.75}, {0, 1}, {-0.75, 0.75}, {-1, 0}, {-0.75, -0.75}, {0, -1}, {0.75, -0.75}};
+        static constexpr double corners[8][2] = {{1, 0},  {0.75, 0.75},   {0, 1},  {-0.75, 0.75},
+                                                 {-1, 0}, {-0.75, -0.75}, {0, -1}, {0.75, -0.75}};
         const auto& corner = corners[n * 8 / count];
         return vector(x + corner[0] * reach, y + corner[1] * reach, 0);
     }
@@ -229,8 +250,11 @@ private:
 
     QStringList ways(const Area& area)
     {
-        const std::vector<std::pair<const char*, const char*>> wanted{{"Ferry", "#7fc8a9"}, {"Salt barge", "#e08a5b"}, {"Patrol", "#d0706b"},
-                                                                      {"Current", "#5fa8c9"}, {"Lantern run", "#ffd166"}};
+        const std::vector<std::pair<const char*, const char*>> wanted{{"Ferry", "#7fc8a9"},
+                                                                      {"Salt barge", "#e08a5b"},
+                                                                      {"Patrol", "#d0706b"},
+                                                                      {"Current", "#5fa8c9"},
+                                                                      {"Lantern run", "#ffd166"}};
         QStringList paths;
         for (const auto& [name, colour] : wanted) {
             QStringList points;
@@ -239,13 +263,15 @@ private:
             const double startY = between(area.bottom + 80, area.top - 80);
             const int reach = m_random.between(30, 75);
             for (int i = 0, count = m_random.between(5, 9); i < count; ++i) {
-                const QString place = isClosed ? onRing(startX, startY, reach, i, count) : onWay(area, startX, i, count);
+                const QString place =
+                    isClosed ? onRing(startX, startY, reach, i, count) : onWay(area, startX, i, count);
                 points << QStringLiteral("{\"class\": \"PathPoint\", \"position\": %1, \"wait\": %2}")
                               .arg(place).arg(m_random.between(0, 3) > 0 ? 0 : m_random.between(2, 20));
             }
             paths << head("Path", QLatin1String(name))
                          + QStringLiteral(", \"colour\": \"%1\", \"speed\": %2, \"closed\": %3, \"points\": %4}")
-                               .arg(QLatin1String(colour), number(m_random.between(4, 24) / 2.0), yesNo(isClosed), list(points, 3));
+                               .arg(QLatin1String(colour), number(m_random.between(4, 24) / 2.0), yesNo(isClosed),
+                                    list(points, 3));
         }
         return paths;
     }

@@ -63,7 +63,8 @@ void FileSearch::start()
 
 void FileSearch::sortBy(const QString& role, bool isAdding)
 {
-    const auto entry = std::find_if(m_order.begin(), m_order.end(), [&](const QVariant& one) { return isAbout(one, role); });
+    const auto entry =
+        std::find_if(m_order.begin(), m_order.end(), [&](const QVariant& one) { return isAbout(one, role); });
     const Qt::SortOrder order = orderOf(role) == 1 ? Qt::DescendingOrder : Qt::AscendingOrder;
     if (!isAdding)
         m_order = {sortedBy(role, order)};
@@ -77,7 +78,8 @@ void FileSearch::sortBy(const QString& role, bool isAdding)
 
 int FileSearch::orderOf(const QString& role) const
 {
-    const auto entry = std::find_if(m_order.begin(), m_order.end(), [&](const QVariant& one) { return isAbout(one, role); });
+    const auto entry =
+        std::find_if(m_order.begin(), m_order.end(), [&](const QVariant& one) { return isAbout(one, role); });
     if (entry == m_order.end())
         return 0;
     return entry->toMap().value(QStringLiteral("order")).toInt() == Qt::AscendingOrder ? 1 : 2;

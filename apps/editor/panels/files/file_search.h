@@ -7,8 +7,8 @@
 
 namespace editor {
 
-/// Looks for words in the names of a file tree while they are typed. Results come as they are found, sorted by any number
-/// of columns. Thread: GUI.
+/// Looks for words in the names of a file tree while they are typed. Results come as they are found, sorted by any
+/// number of columns. Thread: GUI.
 class FileSearch : public QObject
 {
     Q_OBJECT

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "controls/tree_pane.h"
 #include "file_scan.h"
 #include "file_search.h"
-#include "panels/mounts/tree_pane.h"
 #include "panels/panel_table.h"
 
 #include <datamodels/maps_list_model.h>
@@ -10,8 +10,8 @@
 
 namespace editor {
 
-/// The panel "Files": the folders of the project side by side, of which each is read when it is opened and loses its rows
-/// when files are deleted; a search in all of it, which goes on while the disk is still read; and the game's maps.
+/// The panel "Files": the folders of the project side by side, of which each is read when it is opened and loses its
+/// rows when files are deleted; a search in all of it, which goes on while the disk is still read; and the game's maps.
 class FilesPanel : public Panel
 {
     Q_OBJECT

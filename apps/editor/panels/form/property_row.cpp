@@ -74,14 +74,16 @@ bool PropertyRow::looksLike(const PropertyRow& other) const
     return path == other.path && editor == other.editor && level == other.level && fields.size() == other.fields.size();
 }
 
-void PropertyRowBuilder::addObject(const Objects& objects, const zarn::ReflectedObject& merged, const QString& path, int level)
+void PropertyRowBuilder::addObject(const Objects& objects, const zarn::ReflectedObject& merged, const QString& path,
+                                   int level)
 {
     PropertyRow methods;
     for (std::size_t index = 0; index < merged.propertyCount(); ++index) {
         const zarn::BoundProperty property = merged.propertyAt(index);
         if (!isShown(property))
             continue;
-        const QString place = (path.isEmpty() ? QString() : path + QLatin1Char('.')) + QString::fromStdString(property.name());
+        const QString place =
+            (path.isEmpty() ? QString() : path + QLatin1Char('.')) + QString::fromStdString(property.name());
         if (property.isMethod())
             methods.fields.push_back(property);
         else
@@ -95,7 +97,8 @@ void PropertyRowBuilder::addObject(const Objects& objects, const zarn::Reflected
     m_rows.push_back(methods);
 }
 
-void PropertyRowBuilder::addProperty(const Objects& objects, const zarn::BoundProperty& property, const QString& path, int level)
+void PropertyRowBuilder::addProperty(const Objects& objects, const zarn::BoundProperty& property, const QString& path,
+                                     int level)
 {
     PropertyRow row;
     row.path = path;
@@ -142,12 +145,14 @@ void PropertyRowBuilder::addVector(const zarn::ReflectedObject& merged, Property
     m_rows.push_back(row);
 }
 
-void PropertyRowBuilder::addElements(const Objects& collections, const zarn::ReflectedObject& merged, const PropertyRow& heading)
+void PropertyRowBuilder::addElements(const Objects& collections, const zarn::ReflectedObject& merged,
+                                     const PropertyRow& heading)
 {
     for (std::size_t index = 0; index < merged.propertyCount(); ++index) {
         const zarn::BoundProperty element = merged.propertyAt(index);
         const std::size_t before = m_rows.size();
-        addProperty(collections, element, heading.path + QLatin1Char('.') + QString::fromStdString(element.name()), heading.level + 1);
+        addProperty(collections, element, heading.path + QLatin1Char('.') + QString::fromStdString(element.name()),
+                    heading.level + 1);
         if (m_rows.size() == before)
             continue;
         PropertyRow& row = m_rows[before];

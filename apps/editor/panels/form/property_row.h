@@ -18,7 +18,8 @@ struct PropertyRow
     QString path;
     QString label;
     QString stepLabel; ///< in the history
-    QByteArray editor; ///< "check", "number", "text", "lines", "colour", "choice", "file", "vector", "heading", "methods"
+    /// "check", "number", "text", "lines", "colour", "choice", "file", "vector", "heading", "methods"
+    QByteArray editor;
     int level = 0;
     zarn::BoundProperty property;                 ///< of all objects as one
     zarn::BoundProperty sample;                   ///< of the first object
@@ -38,7 +39,10 @@ public:
     /// The merged objects that the rows are about.
     using Selections = std::vector<std::unique_ptr<zarn::MultiSelection>>;
 
-    PropertyRowBuilder(const QSet<QString>& closed, Selections& selections) : m_closed(closed), m_selections(selections) {}
+    PropertyRowBuilder(const QSet<QString>& closed, Selections& selections)
+        : m_closed(closed), m_selections(selections)
+    {
+    }
 
     void addObject(const std::vector<zarn::ReflectedObject>& objects, const zarn::ReflectedObject& merged,
                    const QString& path, int level);

@@ -9,7 +9,10 @@
 
 namespace editor {
 
-PropertyRows::PropertyRows(Ozy::ChangesController& history, QObject* parent) : QAbstractListModel(parent), m_history(history) {}
+PropertyRows::PropertyRows(Ozy::ChangesController& history, QObject* parent)
+    : QAbstractListModel(parent), m_history(history)
+{
+}
 
 PropertyRows::~PropertyRows() = default;
 
@@ -18,7 +21,8 @@ int PropertyRows::rowCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
 }
 
-void PropertyRows::setObjects(std::vector<zarn::ReflectedObject> objects, const zarn::ReflectedObject& merged, const QString& subject)
+void PropertyRows::setObjects(std::vector<zarn::ReflectedObject> objects, const zarn::ReflectedObject& merged,
+                              const QString& subject)
 {
     end();
     m_objects = std::move(objects);
@@ -44,7 +48,8 @@ const PropertyRow* PropertyRows::at(int row) const
 
 int PropertyRows::find(const QString& path) const
 {
-    const auto found = std::find_if(m_rows.begin(), m_rows.end(), [&path](const PropertyRow& row) { return row.path == path; });
+    const auto found =
+        std::find_if(m_rows.begin(), m_rows.end(), [&path](const PropertyRow& row) { return row.path == path; });
     return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
 }
 
@@ -91,8 +96,10 @@ void PropertyRows::replaceRows(std::vector<PropertyRow>& rows)
 {
     const auto alike = [](const PropertyRow& one, const PropertyRow& other) { return one.looksLike(other); };
     const auto shorter = static_cast<std::ptrdiff_t>(std::min(rows.size(), m_rows.size()));
-    const auto head = std::mismatch(m_rows.begin(), m_rows.begin() + shorter, rows.begin(), alike).first - m_rows.begin();
-    const auto tail = std::mismatch(m_rows.rbegin(), m_rows.rbegin() + (shorter - head), rows.rbegin(), alike).first - m_rows.rbegin();
+    const auto head =
+        std::mismatch(m_rows.begin(), m_rows.begin() + shorter, rows.begin(), alike).first - m_rows.begin();
+    const auto tail = std::mismatch(m_rows.rbegin(), m_rows.rbegin() + (shorter - head), rows.rbegin(), alike).first
+                      - m_rows.rbegin();
 
     const auto lastOld = static_cast<std::ptrdiff_t>(m_rows.size()) - tail;
     const auto lastNew = static_cast<std::ptrdiff_t>(rows.size()) - tail;

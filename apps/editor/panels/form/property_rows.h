@@ -14,15 +14,16 @@ class ChangesController;
 
 namespace editor {
 
-/// What objects consist of as the rows of a form: a row a value, with the editor for its type and annotations; a heading,
-/// which opens and closes, ahead of the values of an object or the elements of a collection; one row for all methods.
+/// What objects consist of as the rows of a form: a row a value, with the editor for its type and annotations; a
+/// heading, which opens and closes, ahead of the values of an object or the elements of a collection; one row for all
+/// methods.
 ///
-/// Several objects are shown as one: what they have in common, "isMixed" where they differ. An edit reaches all of them or
-/// none and is one step of the history, named for who is edited; so is a gesture, from `begin` to `end`, however many
-/// edits it takes. Elements come and go within the bounds of their collection.
+/// Several objects are shown as one: what they have in common, "isMixed" where they differ. An edit reaches all of them
+/// or none and is one step of the history, named for who is edited; so is a gesture, from `begin` to `end`, however
+/// many edits it takes. Elements come and go within the bounds of their collection.
 /// Roles: "path", which names a row while it shows; "label", "editor", "level", "tip", "unit", "value", "isMixed",
-/// "isReadOnly"; of numbers "digits", "least", "most"; "choices" of enumerations, classes or files' "pattern"; "fields" of
-/// vectors and methods; "isOpen", "canAdd", "canRemove" of headings and elements.
+/// "isReadOnly"; of numbers "digits", "least", "most"; "choices" of enumerations, classes or files' "pattern"; "fields"
+/// of vectors and methods; "isOpen", "canAdd", "canRemove" of headings and elements.
 /// Signals: a change of a value is data changed; rows that come and go with other objects, elements and open headings
 /// leave the others in place, after control has returned to the event loop.
 /// Owns neither objects nor history. Thread: GUI.
@@ -40,7 +41,8 @@ public:
     QHash<int, QByteArray> roleNames() const override;
 
     /// What to show: the objects, and the one that they are shown as. `subject` names them in the history.
-    void setObjects(std::vector<zarn::ReflectedObject> objects, const zarn::ReflectedObject& merged, const QString& subject);
+    void setObjects(std::vector<zarn::ReflectedObject> objects, const zarn::ReflectedObject& merged,
+                    const QString& subject);
     /// Follows no changes until `setObjects` is called again, as while many objects come and go.
     void pause() { m_connections.clear(); }
     /// Whether only switches can be turned.

@@ -35,7 +35,8 @@ enum Role
 QVariant plain(const qelm::Variant& value)
 {
     const bool isChoice = !value.isVoid() && value.type()->kind() == qelm::Kind::Enumeration;
-    return isChoice ? QVariant(qelm::VariantConverter::convertTo<QString>(value).value_or(QString())) : qelm::toQVariant(value);
+    return isChoice ? QVariant(qelm::VariantConverter::convertTo<QString>(value).value_or(QString()))
+                    : qelm::toQVariant(value);
 }
 
 QVariant boundOf(const zarn::BoundProperty& property, bool isMost)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tree_pane.h"
+#include "controls/tree_pane.h"
 
 #include <datamodels/proxy/subtree_proxy_model.h>
 

@@ -151,7 +151,9 @@ private:
         if (!isReal && number != std::floor(number))
             refuse(QStringLiteral("expected a whole number, found %1").arg(number));
         const auto range = property.annotations().valueOr<Meta::MinMax>().range(property);
-        const auto bound = [](const qelm::Variant& end) { return qelm::VariantConverter::convertTo<double>(end).value_or(0); };
+        const auto bound = [](const qelm::Variant& end) {
+            return qelm::VariantConverter::convertTo<double>(end).value_or(0);
+        };
         if (range && (number < bound(range->first) || number > bound(range->second)))
             refuse(QStringLiteral("expected a number from %1 to %2, found %3")
                        .arg(bound(range->first)).arg(bound(range->second)).arg(number));

@@ -12,8 +12,8 @@ namespace editor {
 
 /// A level with its file and the history of its edits.
 ///
-/// A file that cannot be read leaves the level as it was, one that cannot be written the file; `message` says why, until
-/// the next success. The history's clean state is what is saved; objects are marked that differ from it.
+/// A file that cannot be read leaves the level as it was, one that cannot be written the file; `message` says why,
+/// until the next success. The history's clean state is what is saved; objects are marked that differ from it.
 /// `levelChanged` precedes the death of the level that was there before. Thread: GUI.
 class LevelDocument : public QObject
 {

@@ -35,7 +35,8 @@ LevelFile LevelFile::parse(const QByteArray& text)
     QJsonParseError fault;
     const QJsonObject json = QJsonDocument::fromJson(text, &fault).object();
     if (fault.error != QJsonParseError::NoError)
-        return refused(QStringLiteral("Line %1: %2").arg(text.left(fault.offset).count('\n') + 1).arg(fault.errorString()));
+        return refused(
+            QStringLiteral("Line %1: %2").arg(text.left(fault.offset).count('\n') + 1).arg(fault.errorString()));
     if (json.value(QLatin1String("format")).toString() != QLatin1String("level scene"))
         return refused(QStringLiteral("It is no scene of a level"));
     if (json.value(QLatin1String("version")) != QJsonValue(version))
@@ -54,7 +55,8 @@ QByteArray LevelFile::text(Level& level)
     const std::optional<QByteArray> scene = toJson(zarn::reflect(level));
     if (!scene)
         return {};
-    return "{\"format\": \"level scene\", \"version\": " + QByteArray::number(version) + ", \"scene\":\n" + *scene + "}\n";
+    return "{\"format\": \"level scene\", \"version\": " + QByteArray::number(version) + ", \"scene\":\n" + *scene
+           + "}\n";
 }
 
 QString LevelFile::write(const QString& path, Level& level)

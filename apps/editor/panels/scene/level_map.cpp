@@ -262,7 +262,8 @@ void LevelMap::wheelEvent(QWheelEvent* event)
     m_isFraming = false;
     const QPointF under = toMetres(event->position());
     const double before = m_scale > 0 ? m_scale : fittingScale();
-    const double scale = std::clamp(before * std::pow(1.2, event->angleDelta().y() / 120.0), fittingScale() / 2, largestScale);
+    const double scale =
+        std::clamp(before * std::pow(1.2, event->angleDelta().y() / 120.0), fittingScale() / 2, largestScale);
     lookAt(under + (m_centre - under) * (before / scale), scale);
 }
 

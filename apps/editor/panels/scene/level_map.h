@@ -8,9 +8,9 @@ namespace editor {
 
 /// The level from above: what stands where, what is selected, hovered and locked, and what was framed last.
 ///
-/// North is up. The whole level shows at first; the wheel zooms at the pointer, dragging the sheet moves it. A click selects
-/// the object under it, with Control it turns it; a double click frames it; dragging it moves all that is selected. Hidden objects are left out, disabled ones
-/// are pale. Cost: a paint goes through all objects.
+/// North is up. The whole level shows at first; the wheel zooms at the pointer, dragging the sheet moves it. A click
+/// selects the object under it, with Control it turns it; a double click frames it; dragging it moves all that is
+/// selected. Hidden objects are left out, disabled ones are pale. Cost: a paint goes through all objects.
 class LevelMap : public QQuickPaintedItem
 {
     Q_OBJECT

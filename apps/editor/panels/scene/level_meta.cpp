@@ -109,7 +109,8 @@ void zarn::Reflection<editor::Level>::declare(StaticMetaObject<editor::Level>::B
     level.with(Meta::MinMax(64.0, 2000.0), Meta::Precision{0}, editor::Unit{"m"})
         .field("width", &Level::width, Meta::Label::Text("Width"))
         .field("height", &Level::height, Meta::Label::Text("Height"));
-    level.value("waterColour", &Level::waterColour, &editor::setColour<&Level::waterColour, Level>, Meta::Label::Text("Water colour"), editor::Colour());
+    level.value("waterColour", &Level::waterColour, &editor::setColour<&Level::waterColour, Level>,
+                Meta::Label::Text("Water colour"), editor::Colour());
     level.field("waterLevel", &Level::waterLevel, Meta::Label::Text("Water level"), Meta::MinMax(-5.0, 5.0),
                 Meta::Precision{2}, editor::Unit{"m"});
 }
@@ -121,7 +122,8 @@ void zarn::Reflection<editor::Light>::declare(StaticMetaObject<editor::Light>::B
         "position", [](Light& self) { return &self.position; }, Meta::Label::Text("Position"), Meta::Value(),
         Meta::ToolTip("Metres from the level's south-west corner, z up from the water"));
     light.field("kind", &Light::kind, Meta::Label::Text("Kind"))
-        .value("colour", &Light::colour, &editor::setColour<&Light::colour, Light>, Meta::Label::Text("Colour"), editor::Colour())
+        .value("colour", &Light::colour, &editor::setColour<&Light::colour, Light>, Meta::Label::Text("Colour"),
+               editor::Colour())
         .value("intensity", &Light::intensity, &Light::setIntensity, Meta::Label::Text("Intensity"),
                Meta::MinMax(0.0, 100.0), Meta::Precision{1}, editor::Unit{"%"})
         .field("range", &Light::range, Meta::Label::Text("Range"), Meta::MinMax(0.5, 60.0), Meta::Precision{1},
@@ -158,11 +160,13 @@ void zarn::Reflection<editor::PathPoint>::declare(StaticMetaObject<editor::PathP
 void zarn::Reflection<editor::Path>::declare(StaticMetaObject<editor::Path>::Builder& path)
 {
     using editor::Path;
-    path.value("colour", &Path::colour, &editor::setColour<&Path::colour, Path>, Meta::Label::Text("Colour"), editor::Colour())
+    path.value("colour", &Path::colour, &editor::setColour<&Path::colour, Path>, Meta::Label::Text("Colour"),
+               editor::Colour())
         .field("speed", &Path::speed, Meta::Label::Text("Speed"), Meta::MinMax(0.5, 30.0), Meta::Precision{1},
                editor::Unit{"km/h"})
         .field("closed", &Path::isClosed, Meta::Label::Text("Closed"))
-        .readOnly("points", [](Path& self) { return &self.points; }, Meta::Label::Text("Points"));
+        .readOnly(
+            "points", [](Path& self) { return &self.points; }, Meta::Label::Text("Points"));
     path.method("reverse", &Path::reverse, Meta::Label::Text("Reverse"), Meta::ToolTip("Reverse the way"),
                 editor::button("reverse", "reverse", true, 2, true));
 }
@@ -178,13 +182,13 @@ const zarn::ReflectAtLoad<editor::SpawnPoint> spawnPointClass;
 const zarn::ReflectAtLoad<editor::Path> pathClass;
 const zarn::ReflectAtLoad<editor::PathPoint> pathPointClass;
 const MadeElements<editor::LevelObject::Children>
-    childrenClass("LevelObjects",
-                  {Meta::Children{"*", {Meta::SceneItem(), Meta::Expanded(&editor::startsOpen)}}, Meta::CollectionInsert(),
-                   Meta::CollectionRemove(), editor::sizes(0, 1000), editor::ElementClasses{&editor::objectClasses}});
+    childrenClass("LevelObjects", {Meta::Children{"*", {Meta::SceneItem(), Meta::Expanded(&editor::startsOpen)}},
+                                   Meta::CollectionInsert(), Meta::CollectionRemove(), editor::sizes(0, 1000),
+                                   editor::ElementClasses{&editor::objectClasses}});
 const MadeElements<editor::Path::Points>
-    pointsClass("PathPoints",
-                {Meta::Children{"*", {Meta::SceneItem(), Meta::Label::Text(&editor::pointLabel)}},
-                 Meta::CollectionInsert(), Meta::CollectionRemove(),
-                 editor::sizes(editor::Path::fewest, editor::Path::most), editor::ElementClasses{&editor::pointClasses}});
+    pointsClass("PathPoints", {Meta::Children{"*", {Meta::SceneItem(), Meta::Label::Text(&editor::pointLabel)}},
+                               Meta::CollectionInsert(), Meta::CollectionRemove(),
+                               editor::sizes(editor::Path::fewest, editor::Path::most),
+                               editor::ElementClasses{&editor::pointClasses}});
 
 } // namespace

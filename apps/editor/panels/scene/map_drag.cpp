@@ -21,7 +21,8 @@ MapDrag::MapDrag(LevelDocument& document, SceneOutliner& outliner)
             addAll(*object);
     }
     if (!isEmpty())
-        m_step.emplace("Move " + counted(outliner.selectedCount(), "object", "objects").toStdString(), document.history());
+        m_step.emplace("Move " + counted(outliner.selectedCount(), "object", "objects").toStdString(),
+                       document.history());
 }
 
 MapDrag::~MapDrag() = default;
@@ -29,7 +30,8 @@ MapDrag::~MapDrag() = default;
 void MapDrag::add(Vector& vector)
 {
     const zarn::ReflectedObject handle = zarn::reflect(vector);
-    const bool isKnown = std::any_of(m_moved.begin(), m_moved.end(), [&handle](const Moved& one) { return one.vector == handle; });
+    const bool isKnown =
+        std::any_of(m_moved.begin(), m_moved.end(), [&handle](const Moved& one) { return one.vector == handle; });
     if (!isKnown)
         m_moved.push_back({handle, {vector.x, vector.y}});
 }

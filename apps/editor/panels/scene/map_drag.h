@@ -10,7 +10,8 @@ namespace editor {
 
 /// The selected objects on their way over the map: from the press to the release they are one step of the history.
 ///
-/// A group takes along what is in it, a path its points. Locked objects stay. Places are rounded to quarters of a metre.
+/// A group takes along what is in it, a path its points. Locked objects stay. Places are rounded to quarters of a
+/// metre.
 class MapDrag
 {
 public:

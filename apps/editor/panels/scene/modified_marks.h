@@ -10,9 +10,9 @@ namespace editor {
 
 /// Tells the objects of a level whether they differ from what is saved.
 ///
-/// What each object looked like is remembered as the text that a file has of it, so undo and redo to the saved state take
-/// the mark away. An object that was not saved differs. A group differs when it has lost or got objects, but not when they
-/// have changed. Cost: that of writing the level, once a question.
+/// What each object looked like is remembered as the text that a file has of it, so undo and redo to the saved state
+/// take the mark away. An object that was not saved differs. A group differs when it has lost or got objects, but not
+/// when they have changed. Cost: that of writing the level, once a question.
 class ModifiedMarks
 {
 public:

@@ -73,8 +73,9 @@ void SceneOutliner::remove()
         return;
     std::stable_sort(removed.begin(), removed.end(), &liesBelow);
     const int row = m_cursor.row();
-    const std::string name = removed.size() == 1 ? m_model.indexOf(removed.front()).data().toString().toStdString()
-                                                 : counted(static_cast<int>(removed.size()), "object", "objects").toStdString();
+    const std::string name = removed.size() == 1
+                                 ? m_model.indexOf(removed.front()).data().toString().toStdString()
+                                 : counted(static_cast<int>(removed.size()), "object", "objects").toStdString();
     {
         const Ozy::CommitChangesScope step("Delete " + name, m_document.history());
         for (const zarn::ReflectedObject& object : removed) {

@@ -98,7 +98,8 @@ void SceneFilter::clear()
 
 void SceneFilter::follow()
 {
-    const bool isActive = !needles().isEmpty() || m_type->currentIndex() >= 0 || m_onlyModified->isOn() || m_onlyProblems->isOn();
+    const bool isActive =
+        !needles().isEmpty() || m_type->currentIndex() >= 0 || m_onlyModified->isOn() || m_onlyProblems->isOn();
     if (m_isActive != isActive) {
         m_isActive = isActive;
         Q_EMIT activeChanged();

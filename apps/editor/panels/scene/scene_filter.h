@@ -14,8 +14,8 @@ namespace editor {
 
 /// The outliner's rows as its filter leaves them, with what a row shows beside the roles of the scene.
 ///
-/// A row has to have all the words in its name or type, be of the chosen type, and, where that is asked for, differ from
-/// what is saved or have a problem. Roles of its own: "key", a text that tells objects apart as long as they live;
+/// A row has to have all the words in its name or type, be of the chosen type, and, where that is asked for, differ
+/// from what is saved or have a problem. Roles of its own: "key", a text that tells objects apart as long as they live;
 /// "isSelected", which follows the selection; "problem", a sentence.
 /// `activeChanged` precedes the filtering that it is about. Owns neither model nor selection. Thread: GUI.
 class SceneFilter : public qelm::datamodels::proxy::AssetFilterProxyModel

@@ -7,8 +7,8 @@
 
 namespace editor {
 
-/// What is selected in the outliner as a form; the level itself while nothing is. Objects of another type than the first
-/// are left out, and counted. Objects that are locked, or in a locked group, can only be unlocked. Thread: GUI.
+/// What is selected in the outliner as a form; the level itself while nothing is. Objects of another type than the
+/// first are left out, and counted. Objects that are locked, or in a locked group, can only be unlocked. Thread: GUI.
 class SceneForm : public QObject
 {
     Q_OBJECT

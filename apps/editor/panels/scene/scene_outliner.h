@@ -14,9 +14,9 @@ namespace editor {
 /// The level as an outliner: rows, filter, what is selected and what is done to it.
 ///
 /// The way of a row: `SceneItemModel`, `SceneFilter`, `TreeRows`, view. The selection is one of the model's rows, so it
-/// outlives filtering and closing of branches; and since rows are made anew when elements of a collection move, it finds
-/// the selected objects again after each step of the history. Every edit is one step. Locked objects are not removed.
-/// `framed` tells that an object is wanted in sight. The document must outlive it. Thread: GUI.
+/// outlives filtering and closing of branches; and since rows are made anew when elements of a collection move, it
+/// finds the selected objects again after each step of the history. Every edit is one step. Locked objects are not
+/// removed. `framed` tells that an object is wanted in sight. The document must outlive it. Thread: GUI.
 class SceneOutliner : public QObject
 {
     Q_OBJECT
@@ -58,8 +58,8 @@ public:
     Q_INVOKABLE void selectAll();
     Q_INVOKABLE void clearSelection();
 
-    /// Adds an object of a class ("Actor", "Group", "Light", "SpawnPoint", "Path") where the current one is: in it if it is
-    /// a group, else beside it; and selects it.
+    /// Adds an object of a class ("Actor", "Group", "Light", "SpawnPoint", "Path") where the current one is: in it if
+    /// it is a group, else beside it; and selects it.
     Q_INVOKABLE void add(const QString& className);
     /// Removes what is selected, as far as it is not locked and its collection does not become too small.
     Q_INVOKABLE void remove();

@@ -35,7 +35,8 @@ std::vector<Panel::Shot> ScenePanel::shots()
 {
     const auto rowOf = [this](const char* name) {
         const QModelIndex first = m_outliner.rows()->index(0, 0);
-        const QModelIndexList found = m_outliner.rows()->match(first, Qt::DisplayRole, QLatin1String(name), 1, Qt::MatchExactly);
+        const QModelIndexList found =
+            m_outliner.rows()->match(first, Qt::DisplayRole, QLatin1String(name), 1, Qt::MatchExactly);
         return found.isEmpty() ? 0 : found.constFirst().row();
     };
     const auto edit = [this, rowOf] {

@@ -5,7 +5,8 @@
 
 namespace editor {
 
-/// The panel "Scene": a level as an outliner, from above, and what is selected in a form, with the history of its edits.
+/// The panel "Scene": a level as an outliner, from above, and what is selected in a form, with the history of its
+/// edits.
 class ScenePanel : public Panel
 {
     Q_OBJECT

@@ -32,8 +32,8 @@ SERVICES = {
     "registry": {"base", "signals"},
     "jobs": {"base", "signals"},
     "resources": {"base", "signals"},
-    "images": {"base", "signals", "jobs", "resources"},
     "engine": {"base", "signals", "jobs", "resources"},
+    "images": {"base", "signals", "jobs", "resources", "engine"},
 }
 
 # Parts of the library that work without reflected objects, also by way of what they include.

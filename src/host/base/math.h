@@ -12,4 +12,16 @@ struct Vector3
     bool operator==(const Vector3&) const = default;
 };
 
+/// A rectangle; right and bottom lie outside of it.
+template <class T>
+struct RectT
+{
+    T left{};
+    T right{};
+    T top{};
+    T bottom{};
+
+    bool operator==(const RectT&) const = default;
+};
+
 } // namespace Ozy

@@ -1,0 +1,7 @@
+#include <host/engine/reloader.h>
+
+namespace Ozy {
+
+Reloader::~Reloader() = default;
+
+} // namespace Ozy

@@ -12,7 +12,7 @@ ContentFolder::ContentFolder(const QString& path) : m_folder(path) {}
 
 void ContentFolder::write(const QString& path, const QString& text)
 {
-    writeBytes(path, text.toUtf8());
+    write(path, text.toUtf8());
 }
 
 void ContentFolder::write(const QString& path, const QImage& image)
@@ -21,10 +21,10 @@ void ContentFolder::write(const QString& path, const QImage& image)
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG", 0); // quality 0 asks for the strongest compression
-    writeBytes(path, bytes);
+    write(path, bytes);
 }
 
-void ContentFolder::writeBytes(const QString& path, const QByteArray& bytes)
+void ContentFolder::write(const QString& path, const QByteArray& bytes)
 {
     if (m_failed)
         return;

@@ -14,14 +14,14 @@ public:
     explicit ContentFolder(const QString& path);
 
     void write(const QString& path, const QString& text);
+    /// As PNG.
     void write(const QString& path, const QImage& image);
+    void write(const QString& path, const QByteArray& bytes);
 
     bool failed() const { return m_failed; }
     int fileCount() const { return m_fileCount; }
 
 private:
-    void writeBytes(const QString& path, const QByteArray& bytes);
-
     QDir m_folder;
     int m_fileCount = 0;
     bool m_failed = false;

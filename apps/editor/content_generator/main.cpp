@@ -12,6 +12,7 @@ int main(int argc, char** argv)
     generator::ContentFolder content(QString::fromLocal8Bit(argv[1]));
     generator::writeAtlasTextures(content);
     generator::writeImages(content);
+    generator::writeLights(content);
     generator::writeMaps(content);
     generator::writeLevels(content);
     generator::writeScenes(content);

@@ -8,6 +8,7 @@ namespace generator {
 
 void writeAtlasTextures(ContentFolder& content); ///< textures/tiles: triples for the texture atlas
 void writeImages(ContentFolder& content);        ///< textures: everything else that is an image
+void writeLights(ContentFolder& content);        ///< textures: cube maps, real light, heights and what else is no PNG of 8 bits
 void writeMaps(ContentFolder& content);          ///< scripts/arena_defs
 void writeLevels(ContentFolder& content);        ///< levels
 void writeScenes(ContentFolder& content);        ///< the scene of one level, for the scene panel

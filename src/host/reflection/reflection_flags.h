@@ -10,8 +10,9 @@ namespace zarn {
 enum class SetterFlag : std::uint32_t
 {
     None = 0,
-    Unseen = 1, ///< by who shows the change himself: rows of the outliner do not follow it
-    Undo = 2,   ///< by undo or redo
+    Unseen = 1,    ///< by who shows the change himself: rows of the outliner do not follow it
+    Undo = 2,      ///< by undo or redo
+    Unlimited = 4, ///< by who keeps to no range: annotations may answer with none
 };
 
 /// What a change notification is about. A plain `set` tells `Value`; an element of a collection that comes to stand at

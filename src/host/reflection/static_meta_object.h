@@ -252,11 +252,14 @@ StaticMetaObject<T>::StaticMetaObject()
 template <class T>
 Annotations StaticMetaObject<T>::classAnnotations()
 {
+    Annotations annotations;
+    if constexpr (requires { Reflection<T>::annotations(); })
+        annotations = Reflection<T>::annotations();
+    if (annotations.contain<Meta::MultiSelection::ObjectType>())
+        return annotations;
     std::string shortName = Reflection<T>::name;
     shortName.erase(0, shortName.rfind(':') + 1);
-    Annotations annotations{Meta::MultiSelection::ObjectType{[shortName](const ReflectedObject&) { return shortName; }}};
-    if constexpr (requires { Reflection<T>::annotations(); })
-        annotations += Reflection<T>::annotations();
+    annotations += qelm::Variant(Meta::MultiSelection::ObjectType{[shortName](const ReflectedObject&) { return shortName; }});
     return annotations;
 }
 

@@ -5,12 +5,14 @@
 
 namespace zarn {
 
-/// A value property of a class `T`, read by `Getter` and written by `Setter`; `std::nullptr_t` for a read-only one.
+/// A value property of a class `T`, read by `Getter` and written by `Setter`; `std::nullptr_t` for a read-only one. A
+/// setter of the object and the value may take the setter flags as well.
 template <class T, class Getter, class Setter>
 class ValueProperty final : public NotifyableMetaProperty<1>
 {
     using Value = std::decay_t<std::invoke_result_t<FuzzyFunction<T, Getter>, const BoundProperty&>>;
     static constexpr bool isWritable = !std::is_same_v<Setter, std::nullptr_t>;
+    static constexpr bool wantsFlags = std::is_invocable_v<const Setter&, T&, const Value&, ryk::Flags<SetterFlag>>;
     using Write = std::conditional_t<isWritable, FuzzyFunction<T, Setter>, std::nullptr_t>;
 
 public:
@@ -26,19 +28,28 @@ public:
     bool isReadOnly() const override { return !isWritable; }
     qelm::Variant get(const BoundProperty& property) const override { return qelm::Variant(m_get(property)); }
     qelm::Variant converted(const qelm::Variant& value) const override { return detail::convertedTo<Value>(value); }
-    bool set(const BoundProperty& property, const qelm::Variant& value, ryk::Flags<SetterFlag>) const override
+    bool set(const BoundProperty& property, const qelm::Variant& value, ryk::Flags<SetterFlag> flags) const override
     {
         if constexpr (!isWritable) {
             return false;
-        } else if constexpr (std::is_same_v<bool, decltype(m_set(property, detail::valueAs<Value>(value)))>) {
-            return m_set(property, detail::valueAs<Value>(value));
+        } else if constexpr (std::is_same_v<bool, decltype(write(property, value, flags))>) {
+            return write(property, value, flags);
         } else {
-            m_set(property, detail::valueAs<Value>(value));
+            write(property, value, flags);
             return true;
         }
     }
 
 private:
+    decltype(auto) write(const BoundProperty& property, const qelm::Variant& value,
+                         [[maybe_unused]] ryk::Flags<SetterFlag> flags) const
+    {
+        if constexpr (wantsFlags)
+            return m_set(property, detail::valueAs<Value>(value), flags);
+        else
+            return m_set(property, detail::valueAs<Value>(value));
+    }
+
     FuzzyFunction<T, Getter> m_get;
     Write m_set;
     bool m_isConst;

@@ -19,6 +19,14 @@ public:
     int value = 3;
 };
 
+/// Keeps in mind how it was set.
+class Dial : public Object
+{
+public:
+    int value = 0;
+    ryk::Flags<SetterFlag> how;
+};
+
 } // namespace
 
 template <>
@@ -37,8 +45,32 @@ struct zarn::Reflection<Gauge>
     }
 };
 
+template <>
+struct zarn::Reflection<Dial>
+{
+    static constexpr const char* name = "Dial";
+    static Annotations annotations()
+    {
+        return {Meta::MultiSelection::ObjectType{[](const ReflectedObject&) { return "Instruments"; }}};
+    }
+    static void set(Dial& dial, int value, ryk::Flags<SetterFlag> how)
+    {
+        dial.value = value;
+        dial.how = how;
+    }
+    static Meta::MinMax::Range range(const BoundProperty&, ryk::Flags<SetterFlag> how)
+    {
+        return how.test(SetterFlag::Unlimited) ? Meta::MinMax::Range() : std::pair(qelm::Variant(1), qelm::Variant(9));
+    }
+    static void declare(StaticMetaObject<Dial>::Builder& dial)
+    {
+        dial.value("value", &Dial::value, &set, Meta::MinMax(&range));
+    }
+};
+
 namespace {
 
+const ReflectAtLoad<Dial> dialClass;
 const ReflectAtLoad<Engine> engineClass;
 const ReflectAtLoad<Vehicle> vehicleClass;
 const ReflectAtLoad<Boat> boatClass;
@@ -70,6 +102,25 @@ private Q_SLOTS:
 
         QVERIFY(annotations.contain<Meta::ToolTip>());
         QCOMPARE(annotations.valueOr<Meta::MultiSelection::ObjectType>().name(reflect(boat)), std::string("Boat"));
+    }
+
+    void aClassMayNameItselfForSelections()
+    {
+        Dial dial;
+        const Annotations annotations = reflect(dial).annotations();
+
+        QCOMPARE(annotations.size(), std::size_t(1));
+        QCOMPARE(annotations.valueOr<Meta::MultiSelection::ObjectType>().name(reflect(dial)), std::string("Instruments"));
+    }
+
+    void aSetterMayTakeTheFlags()
+    {
+        Dial dial;
+
+        QVERIFY(reflect(dial).findPropertyByName("value").set(7, SetterFlag::Undo));
+
+        QCOMPARE(dial.value, 7);
+        QVERIFY(dial.how == SetterFlag::Undo);
     }
 
     void aPopTooManyAndAMissingOneAreReported()
@@ -117,6 +168,16 @@ private Q_SLOTS:
         QCOMPARE(limits->first.value<int>(), 0);
         QCOMPARE(limits->second.value<int>(), 60);
         QCOMPARE(allowed->second.value<int>(), 12);
+    }
+
+    void aRangeMayDependOnHowItIsToBeSet()
+    {
+        Dial dial;
+        const BoundProperty value = reflect(dial).findPropertyByName("value");
+        const auto limits = value.annotations().valueOr<Meta::MinMax>();
+
+        QCOMPARE(limits.range(value)->second.value<int>(), 9);
+        QVERIFY(!limits.range(value, SetterFlag::Unlimited));
     }
 
     void aRangeIsForPanelsAndDoesNotBindASet()

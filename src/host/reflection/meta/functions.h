@@ -41,20 +41,28 @@ public:
     PropertyText(const char* text = "") : Function(std::string(text)) {}
 };
 
-/// A range that may depend on the property, both ends included; none by default.
+/// A range that may depend on the property and on how it is to be set, both ends included; none by default.
 class PropertyRange
 {
 public:
     using Range = std::optional<std::pair<qelm::Variant, qelm::Variant>>;
+    using Flags = ryk::Flags<zarn::SetterFlag>;
 
     PropertyRange() : PropertyRange([](const zarn::BoundProperty&) { return Range(); }) {}
     PropertyRange(qelm::Variant least, qelm::Variant most)
         : PropertyRange([range = Range(std::pair(std::move(least), std::move(most)))](const zarn::BoundProperty&) { return range; })
     {
     }
-    explicit PropertyRange(std::function<Range(const zarn::BoundProperty&)> function) : range(std::move(function)) {}
+    explicit PropertyRange(std::function<Range(const zarn::BoundProperty&)> function)
+        : m_function([function = std::move(function)](const zarn::BoundProperty& property, Flags) { return function(property); })
+    {
+    }
+    explicit PropertyRange(std::function<Range(const zarn::BoundProperty&, Flags)> function) : m_function(std::move(function)) {}
 
-    std::function<Range(const zarn::BoundProperty&)> range;
+    Range range(const zarn::BoundProperty& property, Flags flags = {}) const { return m_function(property, flags); }
+
+private:
+    std::function<Range(const zarn::BoundProperty&, Flags)> m_function;
 };
 
 } // namespace Meta::Detail

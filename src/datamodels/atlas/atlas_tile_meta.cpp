@@ -1,0 +1,63 @@
+#include <datamodels/atlas/atlas_tile.h>
+
+#include <host/reflection/static_meta_object.h>
+#include <host/reflection/string_join_reduce.h>
+
+namespace {
+
+using How = ryk::Flags<zarn::SetterFlag>;
+
+template <AtlasType type>
+std::string texture(const AtlasTile& tile)
+{
+    return tile.texturePath(type);
+}
+
+/// Intended: what is refused is told to the log and to listeners, not to who writes.
+template <AtlasType type>
+void setTexture(AtlasTile& tile, const std::string& path, How how)
+{
+    if (!how.test(zarn::SetterFlag::Unseen))
+        tile.setTexture(type, path);
+}
+
+Meta::DefaultValue deletion()
+{
+    return {[](const zarn::BoundProperty&) { return qelm::Variant(std::string()); }, "Delete"};
+}
+
+} // namespace
+
+template <>
+struct zarn::Reflection<AtlasTile>
+{
+    static constexpr const char* name = "AtlasTile";
+
+    static Annotations annotations()
+    {
+        return {Meta::MultiSelection::ObjectType{[](const ReflectedObject&) { return "Tiles"; }}};
+    }
+
+    static void declare(StaticMetaObject<AtlasTile>::Builder& tile)
+    {
+        tile.with(StringJoinReduce::meta(",", false))
+            .readOnly("_typeName", [] { return std::string("Texture"); })
+            .readOnly("_typeIcon", [] { return std::string("resources/images/texture_asset/texture.svg"); })
+            .readOnly("_objectName", &AtlasTile::objectName)
+            .readOnly("_objectIcon", &AtlasTile::objectIcon);
+        tile.with(Meta::Dependent{{"_objectName", "_objectIcon"}, 1}, Meta::View::ImagePath(),
+                  Meta::DialogInitialPath{L"content/"}, deletion())
+            .value("AM", &texture<AtlasType::AM>, &setTexture<AtlasType::AM>, Meta::FilesFilter{"*_AM.png"},
+                   Meta::Dependent{{"GBMT", "MAO"}, 1})
+            .value("GBMT", &texture<AtlasType::GBMT>, &setTexture<AtlasType::GBMT>, Meta::FilesFilter{"*_GBMT.png"})
+            .value("MAO", &texture<AtlasType::MAO>, &setTexture<AtlasType::MAO>, Meta::FilesFilter{"*_MAO.png"});
+        tile.method("clear", &AtlasTile::clear, Meta::Label::Visible(false), Meta::Button::Text("Clear"),
+                    Meta::Layout::FillWidth(), Meta::ToolTip("Clear all textures in tile"));
+    }
+};
+
+namespace {
+
+const zarn::ReflectAtLoad<AtlasTile> tileClass;
+
+} // namespace

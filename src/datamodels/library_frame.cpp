@@ -3,6 +3,11 @@
 #include <datamodels/graph/edge.h>
 #include <datamodels/graph/vertex.h>
 #include <datamodels/helpers/qt_miltiselection_composer.h>
+#include <datamodels/image/flat_image_info_model.h>
+#include <datamodels/image/image_channels_model.h>
+#include <datamodels/image/image_info_model.h>
+#include <datamodels/image/image_model.h>
+#include <datamodels/image/simple_image_model.h>
 #include <datamodels/proxy/search_matcher.h>
 #include <datamodels/proxy/search_proxy_model.h>
 #include <datamodels/qml_registration.h>
@@ -14,6 +19,11 @@ namespace {
 
 const datamodels::LoadTimeQmlTypes loadTimeTypes{
     datamodels::creatable<QtMiltiselectionComposer>("QelmTools.Misc", "QtMiltiselectionComposer"),
+    datamodels::uncreatable<datamodels::ImageChannelsModel>(),
+    datamodels::creatable<datamodels::ImageInfoModel>("QELM.ImagePreview", "ImageInfoModel"),
+    datamodels::creatable<datamodels::FlatImageInfoModel>("QELM.ImagePreview", "FlatImageInfoModel"),
+    datamodels::creatable<datamodels::ImageModel>("QELM.ImagePreview", "ImageModel"),
+    datamodels::creatable<datamodels::SimpleImageModel>("QELM.ImagePreview", "SimpleImageModel"),
 };
 
 } // namespace

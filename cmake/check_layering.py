@@ -32,8 +32,9 @@ SERVICES = {
     "registry": {"base", "signals"},
     "jobs": {"base", "signals"},
     "resources": {"base", "signals"},
-    "engine": {"base", "signals", "jobs", "resources"},
-    "images": {"base", "signals", "jobs", "resources", "engine"},
+    "formats": {"base"},
+    "engine": {"base", "signals", "jobs", "resources", "formats"},
+    "images": {"base", "signals", "jobs", "resources", "formats", "engine"},
 }
 
 # Parts of the library that work without reflected objects, also by way of what they include.

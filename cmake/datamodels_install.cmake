@@ -6,6 +6,7 @@ set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/datamodels)
 install(TARGETS datamodels datamodels_host EXPORT datamodels_targets
         LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
         INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(TARGETS datamodels_image_formats LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}/datamodels)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/datamodels ${PROJECT_SOURCE_DIR}/src/host
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} FILES_MATCHING PATTERN "*.h")
 install(EXPORT datamodels_targets NAMESPACE datamodels:: DESTINATION ${package_dir})

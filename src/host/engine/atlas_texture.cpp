@@ -9,13 +9,26 @@
 namespace Ozy::Fennel {
 namespace {
 
-QString written(const std::string& path, const AtlasTexture::AtlasData& data)
+/// A disk that gets full takes a part of the bytes, and tells the reason only when asked to take more.
+bool writeAll(QIODevice& file, const QByteArray& bytes)
+{
+    for (qint64 written = 0; written < bytes.size();) {
+        const qint64 taken = file.write(bytes.constData() + written, bytes.size() - written);
+        if (taken <= 0)
+            return false;
+        written += taken;
+    }
+    return true;
+}
+
+/// Writes an atlas file; the reason if that fails.
+QString faultOfWriting(const std::string& path, const AtlasTexture::AtlasData& data)
 {
     if (const char* fault = AtlasFile::fault(data))
         return QString::fromLatin1(fault);
     const QByteArray bytes = AtlasFile::encode(data);
     QSaveFile file(QFile::decodeName(path.c_str()));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || !writeAll(file, bytes) || !file.commit())
         return file.errorString();
     return {};
 }
@@ -24,7 +37,7 @@ QString written(const std::string& path, const AtlasTexture::AtlasData& data)
 
 bool AtlasTexture::makeAtlasFile(const std::string& path, const AtlasData& data, void*)
 {
-    const QString fault = written(path, data);
+    const QString fault = faultOfWriting(path, data);
     if (!fault.isEmpty())
         DebugMessageHelper(Priority::refusal, "engine")
             .message("Could not write atlas file '%s': %s. It is as it was before.\n", path.c_str(), qUtf8Printable(fault));

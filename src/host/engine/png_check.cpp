@@ -14,6 +14,7 @@ namespace {
 
 constexpr char signature[] = "\x89PNG\r\n\x1a\n";
 constexpr qint64 signatureLength = 8;
+constexpr int namedLength = 4; // the rest tells whether the file was taken for text on its way
 constexpr quint32 headLength = 13;
 
 struct Chunk
@@ -71,14 +72,13 @@ QSize sizeFromHead(const Chunk& head)
 
 bool startsLikePng(QIODevice& file)
 {
-    char start[signatureLength];
-    return file.peek(start, signatureLength) == signatureLength && std::memcmp(start, signature, signatureLength) == 0;
+    return file.peek(namedLength) == QByteArray::fromRawData(signature, namedLength);
 }
 
 QSize checkedPngSize(QIODevice& file)
 {
     Chunk chunk;
-    if (!startsLikePng(file) || file.skip(signatureLength) != signatureLength || !readChunk(file, chunk)
+    if (file.read(signatureLength) != QByteArray::fromRawData(signature, signatureLength) || !readChunk(file, chunk)
         || !chunk.is("IHDR") || chunk.length != headLength)
         return {};
 

@@ -6,7 +6,7 @@ class QIODevice;
 
 namespace Ozy {
 
-/// Whether an open file goes on like a PNG file; the position stays.
+/// Whether an open file means to be a PNG file; the position stays.
 bool startsLikePng(QIODevice& file);
 
 /// The size of a whole and sound PNG file, by its chunks and their checksums; an empty size for anything else. What the

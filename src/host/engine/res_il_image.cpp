@@ -1,8 +1,9 @@
 #include <host/engine/res_il_image.h>
 
 #include <host/engine/atlas_texture.h>
-#include <host/engine/decoded_size.h>
+#include <host/engine/dds_check.h>
 #include <host/engine/png_check.h>
+#include <host/formats/image_formats.h>
 
 #include <QFile>
 
@@ -16,7 +17,9 @@ QSize sizeOf(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    return startsLikePng(file) ? checkedPngSize(file) : decodedSize(path.toStdString(), largest);
+    if (startsLikePng(file))
+        return checkedPngSize(file);
+    return isAsLongAsItsDdsHeaderSays(file) ? ImageFormats::instance().decodedSize(path.toStdString(), largest) : QSize();
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include <host/engine/decoded_size.h>
+#include <host/formats/open_image_io/decoded_size.h>
 
 #include <OpenImageIO/imageio.h>
 

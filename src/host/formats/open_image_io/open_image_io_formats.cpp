@@ -1,0 +1,20 @@
+#include <host/formats/image_formats.h>
+#include <host/formats/open_image_io/decoded_size.h>
+
+namespace Ozy {
+namespace {
+
+class OpenImageIoFormats final : public ImageFormats
+{
+public:
+    QSize decodedSize(const std::string& path, int largest) override { return Ozy::decodedSize(path, largest); }
+};
+
+} // namespace
+} // namespace Ozy
+
+extern "C" Q_DECL_EXPORT Ozy::ImageFormats* datamodels_image_formats()
+{
+    static Ozy::OpenImageIoFormats formats;
+    return &formats;
+}

@@ -14,6 +14,11 @@ namespace {
 class NoFormats final : public ImageFormats
 {
 public:
+    std::optional<ImageFacts> facts(const std::string&, std::string& reason) override
+    {
+        reason = "no decoders of images are there";
+        return {};
+    }
     QSize decodedSize(const std::string&, int) override { return {}; }
 };
 

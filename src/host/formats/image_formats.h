@@ -4,9 +4,24 @@
 
 #include <QSize>
 
+#include <optional>
 #include <string>
 
 namespace Ozy {
+
+/// What the header of an image file tells.
+struct ImageFacts
+{
+    QSize size; ///< of one face, of a cube map
+    int depth = 1;
+    int channels = 0;
+    int bytesPerPixel = 0;
+    int bytesPerChannel = 0;
+    int mips = 1;
+    bool isCubeMap = false;
+    std::string compression; ///< empty for none
+    std::string format;
+};
 
 /// The decoders of image files of all formats.
 ///
@@ -22,6 +37,9 @@ public:
 
     /// The one of the process. When the module cannot be loaded, one that can read nothing; the reason is logged once.
     static ImageFormats& instance();
+
+    /// What the header of a file tells; no pixels are decoded. Nothing, with the reason, for what is no image.
+    virtual std::optional<ImageFacts> facts(const std::string& path, std::string& reason) = 0;
 
     /// The size of the image in a file, found by decoding all of its pixels, with its mips; an empty size if that fails or
     /// a side is above `largest`. Memory: some rows, as far as the format allows.

@@ -1,9 +1,9 @@
 #include <host/images/image_file.h>
 
 #include <host/base/debug.h>
+#include <host/formats/image_formats.h>
 #include <host/resources/multi_file_system.h>
 
-#include <OpenImageIO/imageio.h>
 #include <QFileInfo>
 
 namespace Tessen {
@@ -12,30 +12,23 @@ namespace {
 using Ozy::DebugMessageHelper;
 namespace Priority = Ozy::Priority;
 
-constexpr long long mostPixels = 1ll << 28;
 constexpr float megabyte = 1024 * 1024;
 
-ImageInfoPointer infoOf(OIIO::ImageInput& input, const QFileInfo& file)
+ImageInfoPointer infoOf(const Ozy::ImageFacts& facts, const QFileInfo& file)
 {
-    const OIIO::ImageSpec& spec = input.spec();
-    if (1ll * spec.width * spec.height * spec.depth > mostPixels)
-        return nullptr;
     auto info = std::make_shared<TessenImageCache::ImageInfo>();
-    info->width = spec.width;
-    info->height = spec.height;
-    info->depth = spec.depth;
-    info->channelCount = unsigned(spec.nchannels);
-    info->bytesPerChannel = int(spec.channel_bytes());
-    info->bytesPerPixel = int(spec.pixel_bytes());
-    info->isCubeMap = spec.get_string_attribute("textureformat") == "CubeFace Environment";
+    info->width = facts.size.width();
+    info->height = facts.size.height();
+    info->depth = facts.depth;
+    info->channelCount = unsigned(facts.channels);
+    info->bytesPerChannel = facts.bytesPerChannel;
+    info->bytesPerPixel = facts.bytesPerPixel;
+    info->mipCount = unsigned(facts.mips);
+    info->isCubeMap = facts.isCubeMap;
     info->imageCount = info->isCubeMap ? 6 : 1;
-    if (info->isCubeMap)
-        info->height /= 6;
-    info->compression = QString::fromStdString(std::string(spec.get_string_attribute("compression", "None")));
-    info->format = QString(input.format_name());
+    info->compression = facts.compression.empty() ? "None" : QString::fromStdString(facts.compression);
+    info->format = QString::fromStdString(facts.format);
     info->fileSize = float(file.size()) / megabyte;
-    while (input.seek_subimage(0, int(info->mipCount)))
-        ++info->mipCount;
     return info;
 }
 
@@ -54,13 +47,14 @@ ImageInfoPointer readImageInfo(const std::string& path)
     const QFileInfo file(QString::fromStdString(path));
     if (path.empty() || !file.isFile())
         return nullptr;
-    const std::unique_ptr<OIIO::ImageInput> input = OIIO::ImageInput::open(path);
-    if (!input) {
+    std::string reason;
+    const std::optional<Ozy::ImageFacts> facts = Ozy::ImageFormats::instance().facts(path, reason);
+    if (!facts) {
         DebugMessageHelper(Priority::refusal, "images")
-            .message("Image '%s' cannot be read: %s\n", path.c_str(), OIIO::geterror().c_str());
+            .message("Image '%s' cannot be read: %s\n", path.c_str(), reason.c_str());
         return nullptr;
     }
-    return infoOf(*input, file);
+    return infoOf(*facts, file);
 }
 
 } // namespace Tessen

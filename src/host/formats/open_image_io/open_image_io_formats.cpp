@@ -1,5 +1,6 @@
 #include <host/formats/image_formats.h>
 #include <host/formats/open_image_io/decoded_size.h>
+#include <host/formats/open_image_io/header_facts.h>
 
 namespace Ozy {
 namespace {
@@ -7,6 +8,7 @@ namespace {
 class OpenImageIoFormats final : public ImageFormats
 {
 public:
+    std::optional<ImageFacts> facts(const std::string& path, std::string& reason) override { return headerFacts(path, reason); }
     QSize decodedSize(const std::string& path, int largest) override { return Ozy::decodedSize(path, largest); }
 };
 

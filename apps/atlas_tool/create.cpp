@@ -1,10 +1,10 @@
 #include "tool.h"
 
 #include <datamodels/atlas/atlas_asset.h>
+#include <host/base/string_utils.h>
 #include <host/engine/render_system.h>
 #include <host/resources/multi_file_system.h>
 
-#include <QCollator>
 #include <QDir>
 #include <QScopeGuard>
 
@@ -19,9 +19,9 @@ namespace {
 QStringList texturesIn(const QDir& folder)
 {
     QStringList names = folder.entryList({QStringLiteral("*_AM.png")}, QDir::Files, QDir::Unsorted);
-    QCollator order{QLocale::c()};
-    order.setNumericMode(true);
-    std::sort(names.begin(), names.end(), order);
+    std::sort(names.begin(), names.end(), [](const QString& left, const QString& right) {
+        return Ozy::StringUtils::NumericStringCompare(left.toStdString(), right.toStdString());
+    });
     return names;
 }
 

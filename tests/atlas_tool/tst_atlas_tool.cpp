@@ -117,7 +117,7 @@ private Q_SLOTS:
         shop.disk.write("park_MAO.atlas", "precious");
 
         QCOMPARE(shop.run({"create", "park", "--from", "trees"}), 1);
-        QCOMPARE(shop.errors, QString("park exists; --replace writes over it\n").prepend(""));
+        QCOMPARE(shop.errors, QString("park exists; --replace writes over it\n"));
         QCOMPARE(shop.texturesOf("park_MAO.atlas"), QStringList{"unreadable"});
 
         QCOMPARE(shop.run({"create", "park", "--from", "trees", "--replace"}), 0);

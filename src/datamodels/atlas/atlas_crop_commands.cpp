@@ -35,14 +35,15 @@ AtlasAsset::CropCommand::CropCommand(AtlasAsset* asset) : Command("CropCommand")
 
 AtlasAsset::CropCommand::~CropCommand() = default;
 
-std::set<std::size_t> AtlasAsset::CropCommand::emptySlots(std::size_t count) const
+std::map<std::size_t, std::shared_ptr<AtlasTile>> AtlasAsset::CropCommand::emptyTiles(std::size_t count) const
 {
-    std::set<std::size_t> slots;
-    for (std::size_t slot = 0; slots.size() < count && slot < m_asset->m_data.tiles->size(); ++slot) {
-        if ((*m_asset->m_data.tiles)[slot]->isEmpty())
-            slots.insert(slot);
+    std::map<std::size_t, std::shared_ptr<AtlasTile>> empty;
+    for (std::size_t slot = 0; empty.size() < count && slot < m_asset->m_data.tiles->size(); ++slot) {
+        const std::shared_ptr<AtlasTile> tile = m_asset->getTile(slot);
+        if (tile->isEmpty())
+            empty.emplace(slot, tile);
     }
-    return slots;
+    return empty;
 }
 
 bool AtlasAsset::CropCommand::execute()
@@ -54,18 +55,19 @@ bool AtlasAsset::CropCommand::execute()
     const Point before = m_asset->m_data.tilesCount;
     const Crop crop = cropOf(before, static_cast<int>(tiles.size()), static_cast<int>(empty));
     m_asset->m_data.tilesCount = crop.tilesCount;
-    std::set<std::size_t> slots = emptySlots(static_cast<std::size_t>(crop.removed));
+    std::map<std::size_t, std::shared_ptr<AtlasTile>> removed = emptyTiles(static_cast<std::size_t>(crop.removed));
     const zarn::ReflectedObject collection = zarn::reflect(m_asset->m_data.tiles);
-    for (auto slot = slots.rbegin(); slot != slots.rend(); ++slot)
-        collection.removePropertyAt(*slot);
+    for (auto tile = removed.rbegin(); tile != removed.rend(); ++tile) // each finds its slot still
+        collection.removePropertyAt(tile->first);
     m_asset->resetTilesIndices();
     m_asset->notifyTilesCountChange();
     // Intended: a step also if there was nothing to take out.
-    Ozy::CommitChangesScope::makeUndo<UndoCropCommand>(m_asset, before, std::move(slots));
+    Ozy::CommitChangesScope::makeUndo<UndoCropCommand>(m_asset, before, std::move(removed));
     return true;
 }
 
-AtlasAsset::UndoCropCommand::UndoCropCommand(AtlasAsset* asset, Point tilesCount, std::set<std::size_t> removedSlots)
+AtlasAsset::UndoCropCommand::UndoCropCommand(AtlasAsset* asset, Point tilesCount,
+                                             std::map<std::size_t, std::shared_ptr<AtlasTile>> removedSlots)
     : Command("UndoCropCommand"), m_asset(asset), m_tilesCount(tilesCount), m_removedSlots(std::move(removedSlots))
 {
 }
@@ -78,8 +80,8 @@ bool AtlasAsset::UndoCropCommand::execute()
                                                 zarn::NotifyFlag::Value);
     m_asset->m_data.tilesCount = m_tilesCount;
     const zarn::ReflectedObject collection = zarn::reflect(m_asset->m_data.tiles);
-    for (std::size_t slot : m_removedSlots)
-        collection.addProperty(qelm::Variant(slot), qelm::Variant(m_asset->createTile(slot, {})));
+    for (const auto& [slot, tile] : m_removedSlots)
+        collection.addProperty(qelm::Variant(slot), qelm::Variant(tile));
     m_asset->resetTilesIndices();
     m_asset->notifyTilesCountChange();
     Ozy::CommitChangesScope::makeUndo<CropCommand>(m_asset);

@@ -31,14 +31,6 @@ Ozy::DebugMessageHelper refusal()
     return {Ozy::Priority::refusal, "datamodels"};
 }
 
-/// Intended: the class is replaced wherever it stands, in the names of directories as well.
-std::string companionOf(const std::string& path, AtlasType type)
-{
-    std::string companion = path;
-    Ozy::StringUtils::replace(companion, AtlasTile::TypeNames[0], AtlasTile::TypeNames[positionOf(type)]);
-    return companion;
-}
-
 } // namespace
 
 const std::array<std::string, 3> AtlasTile::TypeNames = {"AM", "GBMT", "MAO"};
@@ -82,6 +74,14 @@ std::string AtlasTile::objectIcon() const
     const bool isComplete = Ozy::FS::Utils::fileExists(texturePath(AtlasType::GBMT))
         && Ozy::FS::Utils::fileExists(texturePath(AtlasType::MAO));
     return isComplete ? "resources/images/texture_asset/texture.svg" : "resources/images/texture_asset/texture-warning.svg";
+}
+
+/// Intended: the class is replaced wherever it stands, in the names of directories as well.
+std::string AtlasTile::companionOf(const std::string& path, AtlasType type)
+{
+    std::string companion = path;
+    Ozy::StringUtils::replace(companion, TypeNames[0], TypeNames[positionOf(type)]);
+    return companion;
 }
 
 bool AtlasTile::isEmpty() const

@@ -43,6 +43,8 @@ public:
     bool isEmpty() const;
     bool isComplete() const;
     static bool isHalfSize(AtlasType type) { return type == AtlasType::MAO; }
+    /// The texture of another class that goes with an AM texture.
+    static std::string companionOf(const std::string& path, AtlasType type);
 
     /// Sets or, with an empty name, clears a texture; for `AM` the others too. False, with a message and nothing changed,
     /// if a file is missing, is no image or has another size. Listeners are told in any case.

@@ -19,8 +19,12 @@ Ozy::DebugMessageHelper refusal()
 } // namespace
 
 AtlasAsset::AddTilesCommand::AddTilesCommand(AtlasAsset* asset, Point tilesCount,
-                                             std::vector<std::vector<std::string>> textures)
-    : Command("AddTilesCommand"), m_asset(asset), m_tilesCount(tilesCount), m_textures(std::move(textures))
+                                             std::vector<std::vector<std::string>> textures, TileList tiles)
+    : Command("AddTilesCommand")
+    , m_asset(asset)
+    , m_tilesCount(tilesCount)
+    , m_textures(std::move(textures))
+    , m_tiles(std::move(tiles))
 {
 }
 
@@ -57,8 +61,10 @@ bool AtlasAsset::AddTilesCommand::execute()
     Tiles& tiles = m_asset->m_data.tiles;
     tiles->reserve(static_cast<std::size_t>(m_asset->totalTilesCount()));
     const zarn::ReflectedObject collection = zarn::reflect(tiles);
-    for (const std::vector<std::string>& textures : m_textures)
-        collection.addProperty({}, qelm::Variant(m_asset->createTile(tiles->size(), textures)));
+    for (std::size_t i = 0; i < m_textures.size(); ++i) {
+        const auto tile = i < m_tiles.size() ? m_tiles[i] : m_asset->createTile(tiles->size(), m_textures[i]);
+        collection.addProperty({}, qelm::Variant(tile));
+    }
     m_asset->notifyTilesCountChange();
     Ozy::CommitChangesScope::makeUndo<RemoveTilesCommand>(m_asset, before);
     return true;
@@ -71,14 +77,6 @@ AtlasAsset::RemoveTilesCommand::RemoveTilesCommand(AtlasAsset* asset, Point tile
 
 AtlasAsset::RemoveTilesCommand::~RemoveTilesCommand() = default;
 
-std::vector<std::vector<std::string>> AtlasAsset::RemoveTilesCommand::texturesFrom(std::size_t slot) const
-{
-    std::vector<std::vector<std::string>> textures;
-    for (; slot < m_asset->m_data.tiles->size(); ++slot)
-        textures.push_back((*m_asset->m_data.tiles)[slot]->textures());
-    return textures;
-}
-
 bool AtlasAsset::RemoveTilesCommand::execute()
 {
     Tiles& tiles = m_asset->m_data.tiles;
@@ -90,7 +88,10 @@ bool AtlasAsset::RemoveTilesCommand::execute()
     }
     const auto rest = static_cast<std::size_t>(std::max(wanted, 0));
     const Point before = m_asset->m_data.tilesCount;
-    std::vector<std::vector<std::string>> textures = texturesFrom(rest);
+    AddTilesCommand::TileList removed(tiles->begin() + static_cast<std::ptrdiff_t>(std::min(rest, tiles->size())), tiles->end());
+    std::vector<std::vector<std::string>> textures;
+    for (const std::shared_ptr<AtlasTile>& tile : removed)
+        textures.push_back(tile->textures());
     const zarn::PropertyChangeNotifier notifier(zarn::reflect(*m_asset), {"tilesCountX", "tilesCountY"}, {},
                                                 zarn::NotifyFlag::Value);
     m_asset->m_data.tilesCount = m_tilesCount;
@@ -100,7 +101,7 @@ bool AtlasAsset::RemoveTilesCommand::execute()
             break;
     }
     m_asset->notifyTilesCountChange();
-    // Intended: it may refuse when its time comes, if the atlas has become narrower or lower by another step's shape.
-    Ozy::CommitChangesScope::makeUndo<AddTilesCommand>(m_asset, before, std::move(textures));
+    // Intended: it will not make the atlas narrower or lower, so that to become wider but lower cannot be undone.
+    Ozy::CommitChangesScope::makeUndo<AddTilesCommand>(m_asset, before, std::move(textures), std::move(removed));
     return true;
 }

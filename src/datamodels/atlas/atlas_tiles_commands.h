@@ -8,7 +8,11 @@
 class AtlasAsset::AddTilesCommand : public Ozy::utils::Command
 {
 public:
-    AddTilesCommand(AtlasAsset* asset, AtlasViewData::Point tilesCount, std::vector<std::vector<std::string>> textures);
+    using TileList = std::vector<std::shared_ptr<AtlasTile>>;
+
+    /// With `tiles`, these come back instead of new ones: what the history has recorded of them stays true.
+    AddTilesCommand(AtlasAsset* asset, AtlasViewData::Point tilesCount, std::vector<std::vector<std::string>> textures,
+                    TileList tiles = {});
     ~AddTilesCommand() override;
 
     bool execute() override;
@@ -19,6 +23,7 @@ private:
     AtlasAsset* m_asset;
     AtlasViewData::Point m_tilesCount;
     std::vector<std::vector<std::string>> m_textures;
+    TileList m_tiles;
 };
 
 /// Takes the last tiles of an atlas away. Refused, with a message, unless there will be fewer tiles. Undone by
@@ -32,8 +37,6 @@ public:
     bool execute() override;
 
 private:
-    std::vector<std::vector<std::string>> texturesFrom(std::size_t slot) const;
-
     AtlasAsset* m_asset;
     AtlasViewData::Point m_tilesCount;
 };

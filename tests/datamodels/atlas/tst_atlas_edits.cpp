@@ -36,6 +36,11 @@ class tst_AtlasEdits : public QObject
         const Ozy::CommitChangesScope scope("Crop", history.get());
         return asset->crop();
     }
+    void clear(std::size_t slot)
+    {
+        const Ozy::CommitChangesScope scope("Clear", history.get());
+        asset->getTile(slot)->clear();
+    }
     QStringList historyNames() const
     {
         QStringList names;
@@ -354,6 +359,28 @@ private Q_SLOTS:
 
         history->undo();
         QCOMPARE(asset->getTile(2), oak);
+    }
+
+    void editsOfTilesThatWereCroppedAreStillUndone()
+    {
+        load({1, 3}, {"oak", "elm", "ash"});
+        clear(2);
+        crop();
+
+        QVERIFY(history->jumpTo(0));
+
+        QCOMPARE(stemsOf(*asset), (QStringList{"oak", "elm", "ash"}));
+    }
+
+    void editsOfTilesThatAResizeTookAreStillUndone()
+    {
+        load({1, 3}, {"oak", "elm", "ash"});
+        clear(2);
+        set("tilesCountY", 2);
+
+        QVERIFY(history->jumpTo(0));
+
+        QCOMPARE(stemsOf(*asset), (QStringList{"oak", "elm", "ash"}));
     }
 
     void cropWithoutATransactionStands()

@@ -325,6 +325,39 @@ private Q_SLOTS:
         QCOMPARE(paths(), (QStringList{"", "", ""}));
     }
 
+    void undoBringsBackCompanionsThatWereSetApart_data()
+    {
+        QTest::addColumn<QString>("am");
+        QTest::addColumn<QString>("set");
+        QTest::newRow("another") << "content/oak_AM.png" << "content/elm_AM.png";
+        QTest::newRow("none") << "content/oak_AM.png" << "";
+        QTest::newRow("none where none was") << "" << "";
+    }
+    void undoBringsBackCompanionsThatWereSetApart()
+    {
+        QFETCH(QString, am);
+        QFETCH(QString, set);
+        Ozy::ChangesController history;
+        tile().setTexture(AtlasType::AM, am.toStdString());
+        tile().setTexture(AtlasType::GBMT, "content/elm_GBMT.png");
+        tile().setTexture(AtlasType::MAO, "");
+        const QStringList before = paths();
+        {
+            const Ozy::CommitChangesScope scope("Set", &history);
+            property("AM").set(qelm::Variant(set.toStdString()), {});
+        }
+        const QStringList after = paths();
+
+        QVERIFY(history.undo());
+        QCOMPARE(paths(), before);
+
+        QVERIFY(history.redo());
+        QCOMPARE(paths(), after);
+
+        QVERIFY(history.undo());
+        QCOMPARE(paths(), before);
+    }
+
     void theReflectionShowsThePropertiesInOrder()
     {
         const zarn::ReflectedObject handle = reflect(tile());

@@ -1,5 +1,8 @@
 #include <datamodels/library_frame.h>
 
+#include <datamodels/atlas/qt_atlas_model.h>
+#include <datamodels/atlas/qt_atlas_selection_helper.h>
+#include <datamodels/atlas/qt_atlas_settings.h>
 #include <datamodels/graph/edge.h>
 #include <datamodels/graph/vertex.h>
 #include <datamodels/helpers/qt_miltiselection_composer.h>
@@ -27,6 +30,15 @@ const datamodels::LoadTimeQmlTypes loadTimeTypes{
 };
 
 } // namespace
+
+void registerAtlasQmlInterfaces()
+{
+    datamodels::registerQmlTypes({
+        datamodels::creatable<QtAtlasModel>("QelmTools.AtlasEditor", "QtAtlasModel"),
+        datamodels::creatable<QtAtlasSettings>("QelmTools.AtlasEditor", "QtAtlasSettings"),
+        datamodels::creatable<QtAtlasSelectionHelper>("QelmTools.AtlasEditor", "AtlasSelectionHelper"),
+    });
+}
 
 void datamodels::registerGraphQml()
 {

@@ -2,6 +2,10 @@
 
 #include <datamodels/datamodels_export.h>
 
+/// Makes `QtAtlasModel`, `QtAtlasSettings` and `AtlasSelectionHelper` elements of "QelmTools.AtlasEditor". The library
+/// itself does not call it: a plug-in with an atlas view does, once, on the thread of the application.
+DATAMODELS_API void registerAtlasQmlInterfaces();
+
 namespace datamodels {
 
 /// Makes the pointer and list types of `Vertex` and `Edge` known to QML, which needs them to hold what a

@@ -1,11 +1,18 @@
 #include "sample_atlas.h"
 
+#include <datamodels/atlas/atlas_texture_commands.h>
 #include <host/registry/instances.h>
 #include <host/resources/multi_file_system.h>
+#include <host/undo/commit_changes_scope.h>
 
 #include <QImage>
 
 using Ozy::Fennel::AtlasTexture;
+
+bool AtlasAssetAccess::addTextures(AtlasAsset& asset, const QStringList& files)
+{
+    return Ozy::CommitChangesScope::makeCommand<AtlasAsset::AddTexturesCommand>(&asset, files);
+}
 
 AtlasDesk::AtlasDesk()
 {

@@ -15,6 +15,8 @@ public:
     static void setTilesCount(AtlasAsset& asset, AtlasViewData::Point count) { asset.setTilesCount(count); }
     /// As after a refused resize: the grid stays.
     static void request(AtlasAsset& asset, AtlasViewData::Point count) { asset.m_requestedTilesCount = count; }
+    /// As if the user had chosen the files in the dialog.
+    static bool addTextures(AtlasAsset& asset, const QStringList& files);
     static std::vector<std::size_t> freeSlots(const AtlasAsset& asset) { return asset.getFreeSlotIndexes(); }
 };
 

@@ -34,7 +34,7 @@ SERVICES = {
     "resources": {"base", "signals"},
     "formats": {"base"},
     "engine": {"base", "signals", "jobs", "resources", "formats"},
-    "images": {"base", "signals", "jobs", "resources", "formats", "engine"},
+    "images": {"base", "signals", "registry", "jobs", "resources", "formats", "engine"},
 }
 
 # Parts of the library that work without reflected objects, also by way of what they include.

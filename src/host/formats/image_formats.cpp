@@ -11,14 +11,18 @@
 namespace Ozy {
 namespace {
 
+constexpr const char* noDecoders = "no decoders of images are there";
+
 class NoFormats final : public ImageFormats
 {
 public:
     std::optional<ImageFacts> facts(const std::string&, std::string& reason) override
     {
-        reason = "no decoders of images are there";
+        reason = noDecoders;
         return {};
     }
+    Decoded decode(const std::string&, int, int, const IsWanted&) override { return Decoded::refused(noDecoders); }
+    Decoded decodeDdsBlocks(std::vector<unsigned char>, const IsWanted&) override { return Decoded::refused(noDecoders); }
     QSize decodedSize(const std::string&, int) override { return {}; }
 };
 

@@ -1,26 +1,29 @@
 #pragma once
 
 #include <host/base/host_export.h>
+#include <host/formats/decoded_image.h>
 
 #include <QSize>
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace Ozy {
 
 /// What the header of an image file tells.
 struct ImageFacts
 {
-    QSize size; ///< of one face, of a cube map
+    QSize size;
     int depth = 1;
     int channels = 0;
     int bytesPerPixel = 0;
     int bytesPerChannel = 0;
     int mips = 1;
-    bool isCubeMap = false;
+    int images = 1;
+    bool isFloat = false;
+    bool hasAlpha = false;
     std::string compression; ///< empty for none
-    std::string format;
 };
 
 /// The decoders of image files of all formats.
@@ -38,8 +41,14 @@ public:
     /// The one of the process. When the module cannot be loaded, one that can read nothing; the reason is logged once.
     static ImageFormats& instance();
 
-    /// What the header of a file tells; no pixels are decoded. Nothing, with the reason, for what is no image.
+    /// What the header of a file tells; no pixels are decoded. Nothing, with the reason as the rest of a sentence, for what
+    /// is no image. The content tells the format, where it has a mark. DDS files are left to the image service.
     virtual std::optional<ImageFacts> facts(const std::string& path, std::string& reason) = 0;
+
+    /// Decodes an image of a file at a mip level.
+    virtual Decoded decode(const std::string& path, int image, int mip, const IsWanted& isWanted) = 0;
+    /// Decodes the one picture in the bytes of a whole DDS file that holds compressed blocks.
+    virtual Decoded decodeDdsBlocks(std::vector<unsigned char> file, const IsWanted& isWanted) = 0;
 
     /// The size of the image in a file, found by decoding all of its pixels, with its mips; an empty size if that fails or
     /// a side is above `largest`. Memory: some rows, as far as the format allows.

@@ -1,32 +1,8 @@
 #include <host/images/tessen_image_provider.h>
 
-#include <host/images/image_file.h>
-#include <host/images/tessen_image_cache.h>
+#include <host/images/image_cache_private.h>
+#include <host/images/picture_response.h>
 #include <host/images/tessen_image_request_desc.h>
-
-#include <QImage>
-#include <QQuickTextureFactory>
-
-namespace {
-
-class Response : public QQuickImageResponse
-{
-public:
-    Response(const QString& id, const QSize&)
-    {
-        const auto desc = TessenImageRequestDesc::fromId(id);
-        if (desc)
-            m_image.load(QString::fromStdString(Tessen::imagePath(desc->fileName())));
-        QMetaObject::invokeMethod(this, &QQuickImageResponse::finished, Qt::QueuedConnection);
-    }
-    QQuickTextureFactory* textureFactory() const override { return QQuickTextureFactory::textureFactoryForImage(m_image); }
-    QString errorString() const override { return m_image.isNull() ? QStringLiteral("no image") : QString(); }
-
-private:
-    QImage m_image;
-};
-
-} // namespace
 
 TessenImageCache& TessenImageProvider::imageCache()
 {
@@ -37,5 +13,16 @@ TessenImageCache& TessenImageProvider::imageCache()
 
 QQuickImageResponse* TessenImageProvider::requestImageResponse(const QString& id, const QSize& requestedSize)
 {
-    return new Response(id, requestedSize);
+    return new Tessen::PictureResponse(imageCache().d->images, TessenImageRequestDesc::fromId(id), requestedSize);
+}
+
+TessenImageProvider::Counters TessenImageProvider::counters()
+{
+    const Tessen::DecodedImages::Counters counters = imageCache().d->images.counters();
+    return {counters.hits, counters.misses, counters.evictions, counters.bytes};
+}
+
+void TessenImageProvider::setCapacity(qint64 bytes)
+{
+    imageCache().d->images.setCapacity(bytes);
 }

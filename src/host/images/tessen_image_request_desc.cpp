@@ -1,5 +1,7 @@
 #include <host/images/tessen_image_request_desc.h>
 
+#include <host/images/image_revisions.h>
+
 #include <QStringList>
 
 #include <algorithm>
@@ -116,7 +118,7 @@ QString TessenImageRequestDesc::id(unsigned revision) const
 
 QUrl TessenImageRequestDesc::toUrl() const
 {
-    return QUrl("image://" + providerId() + '/' + id(0));
+    return QUrl("image://" + providerId() + '/' + id(Tessen::imageRevision(m_fileName)));
 }
 
 std::optional<TessenImageRequestDesc> TessenImageRequestDesc::fromUrl(const QUrl& url)

@@ -166,10 +166,12 @@ void SimpleImageModel::update(const ImageAnswer& answer)
         m_channelCount = channelCount;
         Q_EMIT channelCountChanged();
     }
+    if (answer.isSuperseded())
+        return; // the text of the status is the new query's already
     if (!info) {
         m_statusText = QStringLiteral("Image info not found");
         clear();
-    } else if (!answer.isSuperseded()) {
+    } else {
         updateRows(answer);
     }
     if (answer.isSuperseded())

@@ -46,7 +46,7 @@ bool readChunk(QIODevice& file, Chunk& chunk)
     std::memcpy(chunk.type, head + 4, sizeof chunk.type);
 
     uLong checksum = joined(0, chunk.type, sizeof chunk.type);
-    char block[16384];
+    char block[65536];
     for (qint64 left = chunk.length; left > 0;) {
         const qint64 length = std::min<qint64>(left, sizeof block);
         if (!readExactly(file, block, length))

@@ -225,22 +225,19 @@ void AtlasAsset::createTiles(const AtlasData& am, const AtlasData& gbmt, const A
     tiles.clear();
     tiles.reserve(slots);
     for (std::size_t slot = 0; slot < slots; ++slot) {
-        const std::size_t k = entries[slot];
-        if (k == none)
-            tiles.push_back(createTile(slot, {}));
-        else
-            tiles.push_back(createTile(slot, {am.tiles[k].second, gbmt.tiles[k].second, mao.tiles[k].second}));
+        std::vector<std::string> textures;
+        if (const std::size_t entry = entries[slot]; entry != none) {
+            textures.reserve(3);
+            for (const AtlasData* data : {&am, &gbmt, &mao})
+                textures.push_back(data->tiles[entry].second);
+        }
+        tiles.push_back(createTile(slot, std::move(textures)));
     }
 }
 
-std::shared_ptr<AtlasTile> AtlasAsset::createTile(std::size_t index, const std::vector<std::string>& textures)
+std::shared_ptr<AtlasTile> AtlasAsset::createTile(std::size_t index, std::vector<std::string> textures)
 {
-    auto tile = std::make_shared<AtlasTile>(*this, index, textures);
-    tile->connectTextureChanged([self = std::weak_ptr<AtlasAsset>(m_self)](AtlasType type, std::size_t slot) {
-        if (const auto asset = self.lock())
-            asset->tileChanged(type, slot);
-    });
-    return tile;
+    return std::make_shared<AtlasTile>(*this, index, std::move(textures));
 }
 
 std::shared_ptr<AtlasTile> AtlasAsset::getTile(std::size_t index)
@@ -255,6 +252,8 @@ std::shared_ptr<const AtlasTile> AtlasAsset::getTile(std::size_t index) const
 
 ryk::Connection AtlasAsset::connectTileChanged(std::function<void(AtlasType, std::size_t)> slot) const
 {
+    m_isFollowed = true;
+    followTiles();
     return tileChanged.connect(slot);
 }
 

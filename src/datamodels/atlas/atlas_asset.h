@@ -104,13 +104,14 @@ private:
 
     const AtlasData& loadAtlasData(const std::string& typeName) const;
     void createTiles(const AtlasData& am, const AtlasData& gbmt, const AtlasData& mao);
-    std::shared_ptr<AtlasTile> createTile(std::size_t index, const std::vector<std::string>& textures);
+    std::shared_ptr<AtlasTile> createTile(std::size_t index, std::vector<std::string> textures);
     void fillTilesData(Entries& entries, AtlasType type) const;
     Ozy::RectT<unsigned int> getTileRect(std::size_t index, AtlasType type) const;
     std::vector<std::size_t> getFreeSlotIndexes() const;
     bool hasTexture(const std::string& path) const;
     void resetTilesIndices();
     void notifyTilesCountChange();
+    void followTiles() const;
     void setTilesCount(AtlasViewData::Point point);
     void requestTilesCount(int AtlasViewData::Point::*half, int count);
 
@@ -124,5 +125,6 @@ private:
     int m_tileSize = 0;
     ryk::Signal<void(AtlasType, std::size_t)> tileChanged;
     ryk::Signal<void()> tilesCountChanged;
+    mutable bool m_isFollowed = false; // whether somebody listens for changed tiles
     std::shared_ptr<AtlasAsset> m_self; // not owning: tiles, which may outlive the asset, hold it weakly
 };

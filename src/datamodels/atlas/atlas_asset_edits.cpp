@@ -55,7 +55,17 @@ void AtlasAsset::notifyTilesCountChange()
 {
     m_data.atlasSize = {m_tileSize * m_data.tilesCount.x, m_data.tilesCount.y * m_tileSize};
     m_requestedTilesCount = m_data.tilesCount;
+    followTiles();
     tilesCountChanged();
+}
+
+/// Not before somebody listens: it costs more than all the rest of a tile.
+void AtlasAsset::followTiles() const
+{
+    if (!m_isFollowed)
+        return;
+    for (const std::shared_ptr<AtlasTile>& tile : *m_data.tiles)
+        tile->followProperties();
 }
 
 void AtlasAsset::setTilesCount(Point point)

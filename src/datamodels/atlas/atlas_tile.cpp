@@ -35,26 +35,38 @@ Ozy::DebugMessageHelper refusal()
 
 const std::array<std::string, 3> AtlasTile::TypeNames = {"AM", "GBMT", "MAO"};
 
-AtlasTile::AtlasTile(AtlasAsset& asset, std::size_t index, const std::vector<std::string>& textures)
-    : m_asset(asset.m_self), m_index(index), m_textures(textures)
+AtlasTile::AtlasTile(AtlasAsset& asset, std::size_t index, std::vector<std::string> textures)
+    : m_asset(asset.m_self), m_index(index), m_textures(std::move(textures))
 {
     m_textures.resize(std::size(allTypes));
-    m_connections.reserve(std::size(allTypes));
-    for (AtlasType type : allTypes)
-        forwardChangesOf(type);
 }
 
 AtlasTile::~AtlasTile() = default;
 
 /// By the reflection, so that listeners hear of a change once and after it, by whatever way it came.
-void AtlasTile::forwardChangesOf(AtlasType type)
+void AtlasTile::followProperties() const
 {
-    const zarn::BoundProperty property = zarn::reflect(*this).findPropertyByName(TypeNames[positionOf(type)]);
-    m_connections.emplace_back(property.connectPropertyChanged(
-        [this, type](const zarn::BoundProperty&, ryk::Flags<zarn::SetterFlag> how, ryk::Flags<zarn::NotifyFlag> what) {
-            if (!how.test(zarn::SetterFlag::Unseen) && what.test(zarn::NotifyFlag::Value))
-                textureChanged(type, m_index);
-        }));
+    if (!m_connections.empty())
+        return;
+    const zarn::ReflectedObject self = zarn::reflect(const_cast<AtlasTile&>(*this));
+    for (AtlasType type : allTypes) {
+        m_connections.emplace_back(self.findPropertyByName(TypeNames[positionOf(type)])
+                                       .connectPropertyChanged([this, type](const zarn::BoundProperty&,
+                                                                            ryk::Flags<zarn::SetterFlag> how,
+                                                                            ryk::Flags<zarn::NotifyFlag> what) {
+                                           onPropertyChanged(type, how, what);
+                                       }));
+    }
+}
+
+void AtlasTile::onPropertyChanged(AtlasType type, ryk::Flags<zarn::SetterFlag> how, ryk::Flags<zarn::NotifyFlag> what) const
+{
+    if (how.test(zarn::SetterFlag::Unseen) || !what.test(zarn::NotifyFlag::Value))
+        return;
+    const std::size_t slot = m_index;
+    if (const std::shared_ptr<const AtlasAsset> asset = m_asset.lock())
+        asset->tileChanged(type, slot);
+    textureChanged(type, slot);
 }
 
 const std::string& AtlasTile::texturePath(AtlasType type) const

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <datamodels/atlas/i_atlas_tile.h>
+#include <host/base/flags.h>
 #include <host/reflection/object.h>
+#include <host/reflection/reflection_flags.h>
 
 #include <array>
 #include <memory>
@@ -24,7 +26,7 @@ public:
     static const std::array<std::string, 3> TypeNames;
 
     /// `textures` are none or three names of resources, which are not checked.
-    AtlasTile(AtlasAsset& asset, std::size_t index, const std::vector<std::string>& textures);
+    AtlasTile(AtlasAsset& asset, std::size_t index, std::vector<std::string> textures);
     ~AtlasTile() override;
 
     const std::vector<std::string>& textures() const override { return m_textures; }
@@ -53,12 +55,16 @@ public:
     void clear();
 
 private:
+    friend class AtlasAsset;
+    friend class IAtlasTile;
+
     static bool checkTexture(AtlasType type, int tileSize, const std::string& path);
-    void forwardChangesOf(AtlasType type);
+    void followProperties() const;
+    void onPropertyChanged(AtlasType type, ryk::Flags<zarn::SetterFlag> how, ryk::Flags<zarn::NotifyFlag> what) const;
     int tileSize() const;
 
     std::weak_ptr<const AtlasAsset> m_asset; // a preview's tiles stay when it has gone
     std::size_t m_index;
     std::vector<std::string> m_textures;
-    std::vector<ryk::ScopedConnection> m_connections;
+    mutable std::vector<ryk::ScopedConnection> m_connections; // to its own properties, once somebody listens
 };

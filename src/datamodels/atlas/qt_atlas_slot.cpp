@@ -9,16 +9,17 @@
 
 namespace {
 
-QString urlOf(const std::string& file, const IAtlasViewSettings& settings)
+TessenImageRequestDesc requestFor(const IAtlasViewSettings& settings)
 {
+    using Channel = IAtlasViewSettings::Channel;
+    const ryk::Flags<Channel> channels = settings.activeChannels();
     TessenImageRequestDesc request;
-    request.setFileName(QString::fromStdString(file));
     request.setImageIndex(0);
-    request.setChannelVisible(TessenImageRequestDesc::Red, settings.redChannelEnabled());
-    request.setChannelVisible(TessenImageRequestDesc::Green, settings.greenChannelEnabled());
-    request.setChannelVisible(TessenImageRequestDesc::Blue, settings.blueChannelEnabled());
-    request.setChannelVisible(TessenImageRequestDesc::Alpha, settings.alphaChannelEnabled());
-    return request.toUrl().toString();
+    request.setChannelVisible(TessenImageRequestDesc::Red, channels.test(Channel::Red));
+    request.setChannelVisible(TessenImageRequestDesc::Green, channels.test(Channel::Green));
+    request.setChannelVisible(TessenImageRequestDesc::Blue, channels.test(Channel::Blue));
+    request.setChannelVisible(TessenImageRequestDesc::Alpha, channels.test(Channel::Alpha));
+    return request;
 }
 
 } // namespace
@@ -38,6 +39,7 @@ QVector<QString> QtAtlasSlot::textures() const
     QVector<QString> urls;
     if (!m_tile)
         return urls;
+    urls.reserve(3);
     for (const std::string& texture : m_tile->textures()) {
         if (texture.starts_with("image://")) {
             urls << QString::fromStdString(texture);
@@ -47,8 +49,11 @@ QVector<QString> QtAtlasSlot::textures() const
         std::string file = texture;
         if (file.empty() || Ozy::FS::fileSystem()->resolveToAbsolutePath(file) == Ozy::FS::FileSystem::NotFound)
             continue;
-        if (OZY_ASSERT(m_atlasViewData.settings))
-            urls << urlOf(file, *m_atlasViewData.settings);
+        if (!OZY_ASSERT(m_atlasViewData.settings))
+            continue;
+        TessenImageRequestDesc request = requestFor(*m_atlasViewData.settings);
+        request.setFileName(QString::fromStdString(file));
+        urls << request.toUrl().toString();
     }
     return urls;
 }

@@ -383,6 +383,35 @@ private Q_SLOTS:
         QCOMPARE(stemsOf(*asset), (QStringList{"oak", "elm", "ash"}));
     }
 
+    void tilesThatComeLaterTellOfTheirChangesToo()
+    {
+        load({1, 2}, {"oak", "-"});
+        crop();
+        QStringList told;
+        const ryk::ScopedConnection listening = asset->connectTileChanged(
+            [&](AtlasType type, std::size_t slot) { told << QString("%1 %2").arg(int(type)).arg(slot); });
+
+        history->undo();
+        set("tilesCountY", 3);
+        asset->getTile(1)->setTexture(AtlasType::GBMT, "");
+        asset->getTile(2)->setTexture(AtlasType::MAO, "");
+
+        QCOMPARE(told, (QStringList{"1 1", "2 2"}));
+    }
+
+    void theAtlasIsToldOfATileBeforeOthersAre()
+    {
+        load({1, 1}, {"oak"});
+        QStringList told;
+        const ryk::ScopedConnection ofTile =
+            asset->getTile(0)->connectTextureChanged([&](AtlasType, std::size_t) { told << "tile"; });
+        const ryk::ScopedConnection ofAtlas = asset->connectTileChanged([&](AtlasType, std::size_t) { told << "atlas"; });
+
+        asset->getTile(0)->clear();
+
+        QCOMPARE(told, (QStringList{"atlas", "tile"}));
+    }
+
     void cropWithoutATransactionStands()
     {
         load({2, 2}, {"oak", "elm"});

@@ -5,6 +5,7 @@
 #include <host/images/dds_pixels.h>
 #include <host/images/image_facts.h>
 #include <host/images/input_file.h>
+#include <host/images/png_header.h>
 
 #include <exception>
 
@@ -20,6 +21,12 @@ try {
     unsigned char start[8] = {};
     if (file.read(0, start, sizeof start) == 0)
         return Decoded::refused("it is empty");
+    if (startsLikePng(start)) {
+        // Its decoder is content with a file that lacks its end.
+        const ImageFacts facts = readPngFacts(file);
+        if (!facts.info)
+            return Decoded::refused(facts.fault);
+    }
     return startsLikeDds(start) ? decodeDds(file, image, mip, isWanted)
                                 : Ozy::ImageFormats::instance().decode(path, image, mip, isWanted);
 } catch (const std::exception& exception) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <host/base/host_export.h>
 #include <host/formats/decoded_image.h>
 
 namespace Tessen {
@@ -9,6 +10,6 @@ using Ozy::DecodedImage;
 using Ozy::IsWanted;
 
 /// Decodes an image of a file at a mip level, whatever format it has. Threads: any. Does not throw.
-Decoded decodeImage(const std::string& path, int image, int mip, const IsWanted& isWanted);
+DATAMODELS_HOST_API Decoded decodeImage(const std::string& path, int image, int mip, const IsWanted& isWanted);
 
 } // namespace Tessen

@@ -4,6 +4,7 @@
 #include <host/formats/image_formats.h>
 #include <host/images/dds_layout.h>
 #include <host/images/input_file.h>
+#include <host/images/pixel_name.h>
 #include <host/images/png_header.h>
 
 #include <algorithm>
@@ -69,15 +70,6 @@ ImageFacts factsByContent(const InputFile& file, const std::string& path)
 }
 
 } // namespace
-
-QString pixelName(unsigned channels, int bytesPerChannel, bool isFloat, bool hasAlpha)
-{
-    static const char* const names[] = {"", "Grey", "RG", "RGB", "RGBA"};
-    const QString name = channels == 2 && hasAlpha ? QStringLiteral("GreyA")
-                         : channels <= 4           ? QString(names[channels])
-                                                   : QStringLiteral("%1 x ").arg(channels);
-    return name + QString::number(8 * bytesPerChannel) + (isFloat ? "F" : "");
-}
 
 unsigned lodModeOf(const ImageInfo& info)
 {

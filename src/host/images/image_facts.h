@@ -30,15 +30,12 @@ struct ImageFacts
     static ImageFacts refused(std::string fault) { return {std::nullopt, std::move(fault)}; }
 };
 
-/// The names of pixels: "Grey8", "RGBA16", "RGB32F".
-QString pixelName(unsigned channels, int bytesPerChannel, bool isFloat, bool hasAlpha);
-
 /// See `ImageInfo::lodMode`.
 unsigned lodModeOf(const ImageInfo& info);
 
 /// The facts of a file from its header, whatever format it has. Sound headers of damaged files pass when the format
 /// gives no hint. Does not throw.
-ImageFacts readImageFacts(const std::string& path);
+DATAMODELS_HOST_API ImageFacts readImageFacts(const std::string& path);
 /// The same for a file that is open.
 ImageFacts readImageFacts(const InputFile& file, const std::string& path);
 

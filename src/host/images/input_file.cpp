@@ -1,9 +1,5 @@
 #include <host/images/input_file.h>
 
-#include <host/resources/multi_file_system.h>
-
-#include <QString>
-
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -11,14 +7,6 @@
 #include <unistd.h>
 
 namespace Tessen {
-
-std::string imagePath(const QString& fileName)
-{
-    std::string path = fileName.toStdString();
-    if (!path.empty() && !path.starts_with('/'))
-        Ozy::FS::fileSystem()->resolveToAbsolutePath(path);
-    return path;
-}
 
 InputFile::InputFile(const std::string& path)
 {

@@ -6,12 +6,7 @@
 #include <string>
 #include <vector>
 
-class QString;
-
 namespace Tessen {
-
-/// The path of the file that a name given to the service means: itself when it is absolute, else that of the resource.
-std::string imagePath(const QString& fileName);
 
 /// Tells one content of a file from the next.
 struct FileStamp

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <host/base/host_export.h>
 #include <host/images/decode_image.h>
 
 #include <QSize>
@@ -9,7 +10,7 @@ class TessenImageRequestDesc;
 namespace Tessen {
 
 /// What a view shows of a decoded image: its channels masked, real light exposed. Without a mask the pixels are shared.
-QImage pictureOf(const DecodedImage& image, const TessenImageRequestDesc& desc);
+DATAMODELS_HOST_API QImage pictureOf(const DecodedImage& image, const TessenImageRequestDesc& desc);
 
 /// Fits a picture into a wished size with its sides in proportion, without ever enlarging it. A side that is not
 /// positive asks for nothing.

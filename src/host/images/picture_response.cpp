@@ -2,6 +2,7 @@
 
 #include <host/images/decoded_images.h>
 #include <host/images/image_facts.h>
+#include <host/images/image_path.h>
 #include <host/images/picture.h>
 
 #include <QQuickTextureFactory>

@@ -1,6 +1,7 @@
 #include <host/images/png_header.h>
 
 #include <host/images/input_file.h>
+#include <host/images/pixel_name.h>
 
 #include <QtEndian>
 

@@ -3,6 +3,7 @@
 #include <host/base/debug.h>
 #include <host/images/image_cache_private.h>
 #include <host/images/image_facts.h>
+#include <host/images/image_path.h>
 #include <host/images/image_revisions.h>
 #include <host/images/input_file.h>
 #include <host/resources/resource_name.h>

@@ -29,6 +29,7 @@ void AtlasAsset::fillTilesData(Entries& entries, AtlasType type) const
         return;
     }
     // Intended: no entry where there is no texture, so that a tile without all three makes files that do not load.
+    entries.reserve(tiles.size());
     for (std::size_t slot = 0; slot < tiles.size(); ++slot) {
         if (const std::string& path = tiles[slot]->texturePath(type); !path.empty())
             entries.emplace_back(getTileRect(slot, type), path);

@@ -60,7 +60,7 @@ namespace {
 
 const zarn::ReflectAtLoad<AtlasAsset> assetClass;
 // Stateless, since the commands of the atlas record what undoes an edit.
-const zarn::AutoregisterMetaObject<AtlasAsset::Tiles> tilesClass("AtlasTiles",
-                                                                 {Meta::Stateless(1), Meta::Children{"*", {Meta::SceneItem(true)}}});
+const zarn::AutoregisterMetaObject<AtlasAsset::Tiles> tilesClass(
+    "AtlasTiles", {Meta::Stateless(1), Meta::Children{"*", {Meta::SceneItem(true)}}});
 
 } // namespace

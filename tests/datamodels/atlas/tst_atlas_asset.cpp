@@ -442,7 +442,8 @@ private Q_SLOTS:
         desk->writeAtlas({2, 1}, {"oak"});
         AtlasAsset asset("content/sheet", nullptr);
         int told = 0;
-        const ryk::ScopedConnection listening = reflect(asset).findPropertyByName("_objectName").connectPropertyChanged([&] { ++told; });
+        const zarn::BoundProperty name = reflect(asset).findPropertyByName("_objectName");
+        const ryk::ScopedConnection listening = name.connectPropertyChanged([&] { ++told; });
 
         asset.setAtlasPath("content/copy");
 

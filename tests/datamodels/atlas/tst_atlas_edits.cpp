@@ -308,7 +308,8 @@ private Q_SLOTS:
     {
         load({2, 1}, {"oak", "elm"});
         int told = 0;
-        const ryk::ScopedConnection listening = reflect(*asset).findPropertyByName("tilesCountX").connectPropertyChanged([&] { ++told; });
+        const zarn::BoundProperty columns = reflect(*asset).findPropertyByName("tilesCountX");
+        const ryk::ScopedConnection listening = columns.connectPropertyChanged([&] { ++told; });
 
         QVERIFY(crop());
 

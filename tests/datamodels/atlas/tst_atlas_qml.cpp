@@ -129,7 +129,8 @@ private Q_SLOTS:
 
     void settingsWithoutASourceAreAnElement()
     {
-        const auto object = create("QtAtlasSettings { property var all: [red, green, blue, alpha, showNumbers, zoomFactor, tileType] }");
+        const auto object = create(R"(
+            QtAtlasSettings { property var all: [red, green, blue, alpha, showNumbers, zoomFactor, tileType] })");
 
         QCOMPARE(object->property("all").toList(), (QVariantList{false, false, false, false, true, 1.0, 0}));
     }

@@ -172,7 +172,8 @@ private Q_SLOTS:
 
         choose({below.path("content/elm_AM.png")});
 
-        QCOMPARE(log.messages().last(), "5 Could not dissolve texture path '" + below.path("content/elm_AM.png") + "'. Skipping.");
+        QCOMPARE(log.messages().last(),
+                 "5 Could not dissolve texture path '" + below.path("content/elm_AM.png") + "'. Skipping.");
         QCOMPARE(stemsOf(*asset), (QStringList{"oak", "-"}));
     }
 

@@ -362,7 +362,8 @@ private Q_SLOTS:
     {
         const zarn::ReflectedObject handle = reflect(tile());
 
-        QCOMPARE(propertyNames(handle), (QStringList{"_typeName", "_typeIcon", "_objectName", "_objectIcon", "AM", "GBMT", "MAO", "clear"}));
+        QCOMPARE(propertyNames(handle), (QStringList{"_typeName", "_typeIcon", "_objectName", "_objectIcon", "AM", "GBMT",
+                                                     "MAO", "clear"}));
         QCOMPARE(text("_typeName"), QString("Texture"));
         QCOMPARE(text("_typeIcon"), QString("resources/images/texture_asset/texture.svg"));
         QCOMPARE(handle.metaObject()->name(), std::string("AtlasTile"));

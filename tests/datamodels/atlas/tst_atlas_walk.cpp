@@ -119,7 +119,8 @@ private:
         const AtlasAsset::Descriptor& data = m_asset->data();
         if (int(data.tiles->size()) != data.tilesCount.x * data.tilesCount.y)
             return "another number of tiles than of slots";
-        if (data.atlasSize.x != data.tilesCount.x * m_asset->tileSize() || data.atlasSize.y != data.tilesCount.y * m_asset->tileSize())
+        if (data.atlasSize.x != data.tilesCount.x * m_asset->tileSize()
+            || data.atlasSize.y != data.tilesCount.y * m_asset->tileSize())
             return "another size than that of the grid";
         for (std::size_t slot = 0; slot < data.tiles->size(); ++slot) {
             const AtlasTile& tile = *(*data.tiles)[slot];

@@ -26,7 +26,8 @@ struct ImageRows;
 /// `channelCountChanged`, the rows (a reset if their number changes, then an insertion for each new one, else `dataChanged`
 /// with the roles that differ), and `statusChanged` last. A change of the file on the disk resets and asks anew.
 /// Intended: `statusText` goes without a signal of its own when a query starts. A change of `useAlpha` asks anew without
-/// clearing, which appends a second row for an atlas; it asks even for the empty name.
+/// clearing, which appends a second row for an atlas; it asks even for the empty name. An atlas that follows a single image
+/// has the second row too, and a single image that follows an atlas has its row.
 ///
 /// Bad input: a file that cannot be described ends in `Error` with a text; an atlas that is refused has a row without
 /// tiles, and the log tells why. An "atlasData" lives as long as its row. Thread: GUI, which also reads an atlas.

@@ -38,4 +38,13 @@ void ContentFolder::write(const QString& path, const QByteArray& bytes)
     ++m_fileCount;
 }
 
+void ContentFolder::write(const QString& path, const Ozy::Fennel::AtlasTexture::AtlasData& atlas)
+{
+    if (m_failed)
+        return;
+    m_folder.mkpath(QFileInfo(path).path());
+    m_failed = !Ozy::Fennel::AtlasTexture::makeAtlasFile(m_folder.absoluteFilePath(path).toStdString(), atlas, nullptr);
+    ++m_fileCount;
+}
+
 } // namespace generator

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <host/engine/atlas_texture.h>
+
 #include <QDir>
 #include <QImage>
 #include <QString>
@@ -17,6 +19,8 @@ public:
     /// As PNG.
     void write(const QString& path, const QImage& image);
     void write(const QString& path, const QByteArray& bytes);
+    /// As one file of an atlas.
+    void write(const QString& path, const Ozy::Fennel::AtlasTexture::AtlasData& atlas);
 
     bool failed() const { return m_failed; }
     int fileCount() const { return m_fileCount; }

@@ -89,6 +89,7 @@ QByteArray tgaFile(const QImage& image)
         bytes.append(static_cast<char>(size & 0xff)).append(static_cast<char>(size >> 8));
     bytes.append(32).append(topDownWithEightBitsOfAlpha);
     appendPixels(bytes, image);
+    bytes.append(8, '\0').append("TRUEVISION-XFILE.").append('\0'); // without it some readers take it for an older kind
     return bytes;
 }
 

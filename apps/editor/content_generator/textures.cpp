@@ -6,6 +6,9 @@ namespace {
 
 constexpr int fullSize = 128;
 constexpr int occlusionSize = fullSize / 2; // the atlas takes this class at half the side of the others
+constexpr unsigned tileSize = fullSize / 2; // and all of them at half of what their files have
+constexpr unsigned atlasColumns = 4;
+constexpr unsigned atlasRows = 4; // two slots stay free
 
 const Surface surfaces[] = {
     {"brick_ochre", Pattern::Bricks, 0xff4a3326, 0xffc9824a, 0.2},
@@ -24,16 +27,39 @@ const Surface surfaces[] = {
     {"salt_crust", Pattern::Cracks, 0xff8d8a80, 0xfff2efe6, 0.35},
 };
 
+QString pathOf(const Surface& surface, const char* type)
+{
+    return QStringLiteral("textures/tiles/%1_%2.png").arg(QString::fromStdString(surface.name), QLatin1String(type));
+}
+
+void writeAtlas(ContentFolder& content, const char* type, unsigned side)
+{
+    Ozy::Fennel::AtlasTexture::AtlasData data;
+    data.leadingFlag = 1;
+    data.width = atlasColumns * side;
+    data.height = atlasRows * side;
+    data.fullSizeFlag = side == tileSize ? 1 : 0;
+    for (const Surface& surface : surfaces) {
+        const auto slot = static_cast<unsigned>(data.tiles.size());
+        const unsigned left = slot % atlasColumns * side;
+        const unsigned top = slot / atlasColumns * side;
+        data.tiles.push_back({{left, left + side, top, top + side}, pathOf(surface, type).toStdString()});
+    }
+    content.write(QStringLiteral("textures/tiles/quayside_%1.atlas").arg(QLatin1String(type)), data);
+}
+
 } // namespace
 
 void writeAtlasTextures(ContentFolder& content)
 {
     for (const Surface& surface : surfaces) {
-        const QString base = QStringLiteral("textures/tiles/") + QString::fromStdString(surface.name);
-        content.write(base + QStringLiteral("_AM.png"), colourImage(surface, fullSize));
-        content.write(base + QStringLiteral("_GBMT.png"), glossImage(surface, fullSize));
-        content.write(base + QStringLiteral("_MAO.png"), occlusionImage(surface, occlusionSize));
+        content.write(pathOf(surface, "AM"), colourImage(surface, fullSize));
+        content.write(pathOf(surface, "GBMT"), glossImage(surface, fullSize));
+        content.write(pathOf(surface, "MAO"), occlusionImage(surface, occlusionSize));
     }
+    writeAtlas(content, "AM", tileSize);
+    writeAtlas(content, "GBMT", tileSize);
+    writeAtlas(content, "MAO", tileSize / 2);
 }
 
 } // namespace generator

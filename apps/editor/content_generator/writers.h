@@ -6,7 +6,7 @@ namespace generator {
 
 // One function a part of the game; each writes the same bytes whenever it runs.
 
-void writeAtlasTextures(ContentFolder& content); ///< textures/tiles: triples for the texture atlas
+void writeAtlasTextures(ContentFolder& content); ///< textures/tiles: triples for the texture atlas, and the atlas
 void writeImages(ContentFolder& content);        ///< textures: everything else that is an image
 void writeLights(ContentFolder& content);        ///< textures: cube maps, real light, heights and what else is no PNG of 8 bits
 void writeMaps(ContentFolder& content);          ///< scripts/arena_defs

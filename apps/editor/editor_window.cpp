@@ -6,6 +6,8 @@
 #include "editor_tabs.h"
 
 #include <datamodels/library_frame.h>
+#include <host/images/tessen_image_provider.h>
+#include <host/images/tessen_image_request_desc.h>
 
 #include <QOpenGLContext>
 #include <QQmlContext>
@@ -18,6 +20,7 @@ EditorWindow::EditorWindow(Tabs& tabs)
     registerControls();
     m_engine.addImportPath(QStringLiteral("qrc:/"));
     m_engine.addImageProvider(QStringLiteral("icon"), new IconProvider);
+    m_engine.addImageProvider(TessenImageRequestDesc::providerId(), new TessenImageProvider);
     m_engine.rootContext()->setContextProperty(QStringLiteral("tabs"), &tabs);
     m_engine.load(QUrl(QStringLiteral("qrc:/Editor/Main.qml")));
 }
@@ -44,6 +47,7 @@ void registerControls()
         qmlRegisterType<CurveItem>("Editor.Items", 1, 0, "CurveItem");
         qmlRegisterType<MatchText>("Editor.Items", 1, 0, "MatchText");
         datamodels::registerGraphQml();
+        registerAtlasQmlInterfaces();
         return true;
     }();
     Q_UNUSED(once)

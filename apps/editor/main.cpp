@@ -6,8 +6,8 @@
 
 #include <host/registry/static_registrar.h>
 
+#include <QApplication>
 #include <QDir>
-#include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QQuickWindow>
 #include <QTemporaryDir>
@@ -31,7 +31,7 @@ int run(const editor::Options& options)
     if (!window)
         return 1;
     if (options.screenshot.isEmpty())
-        return QGuiApplication::exec();
+        return QApplication::exec();
     return editor::takeScreenshots(*window, tabs, options.screenshot) ? 0 : 1;
 }
 
@@ -63,8 +63,8 @@ int main(int argc, char** argv)
     if (!qEnvironmentVariableIsSet("XDG_RUNTIME_DIR"))
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(sessionFiles.path()));
 
-    QGuiApplication application(argc, argv);
-    QGuiApplication::setApplicationName(QStringLiteral("datamodels-editor"));
+    QApplication application(argc, argv); // with widgets, for the dialogs of files
+    QApplication::setApplicationName(QStringLiteral("datamodels-editor"));
     StaticRegistrar::RegistrarInternals::runDeferred();
     editor::EditorWindow::chooseRenderer(!options.screenshot.isEmpty());
     return run(options);

@@ -44,6 +44,8 @@ public:
     QStringList treeNames() const { return names(QStringLiteral("tree")); }
     QString currentTreeName() const { return currentName(QStringLiteral("tree")); }
     QString status() const { return text(QStringLiteral("status")); }
+    /// What the host and Qt have logged and nobody has asked for so far.
+    QStringList messages() { return m_log.messages() + m_log.qtMessages(); }
     /// Where an item is in the window.
     static QRectF areaOf(const QQuickItem& item)
     {

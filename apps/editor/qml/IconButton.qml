@@ -32,6 +32,7 @@ T.AbstractButton {
             spacing: 5
             Icon {
                 anchors.verticalCenter: parent.verticalCenter
+                visible: name
                 name: button.icon.name
                 size: button.iconSize
                 color: button.ink

@@ -10,6 +10,8 @@ Rectangle {
     property int currentIndex: 0
     signal chosen(int index)
 
+    readonly property bool isTight: width < list.length * 90
+
     implicitHeight: Theme.barHeight
     color: Theme.line
 
@@ -23,7 +25,7 @@ Rectangle {
                 readonly property bool isCurrent: index === strip.currentIndex
 
                 objectName: "tab-" + modelData.name
-                width: content.implicitWidth + 28
+                width: content.implicitWidth + (strip.isTight ? 12 : 28)
                 height: strip.height
                 hoverEnabled: true
                 onClicked: strip.chosen(index)

@@ -57,7 +57,7 @@ void PropertyRows::call(int row, int method)
         return;
     const zarn::BoundProperty called = edit->fields[static_cast<std::size_t>(method)];
     {
-        const std::string label = called.annotations().valueOr<Meta::Label::Text>(called.name())(called);
+        const std::string label = labelOf(called).toStdString();
         const Ozy::CommitChangesScope step(m_subject.toStdString() + ": " + label, &m_history);
         called.genericInvoke({}, 0, nullptr);
     }

@@ -14,11 +14,6 @@ namespace {
 
 using Objects = std::vector<zarn::ReflectedObject>;
 
-QString labelOf(const zarn::BoundProperty& property)
-{
-    return QString::fromStdString(property.annotations().valueOr<Meta::Label::Text>(property.name())(property));
-}
-
 QByteArray editorFor(const zarn::BoundProperty& property)
 {
     using qelm::Kind;
@@ -40,8 +35,11 @@ QByteArray editorFor(const zarn::BoundProperty& property)
                                               : "text";
 }
 
+/// What an object tells of itself to lists and icons is no value to edit, unless it has a label.
 bool isShown(const zarn::BoundProperty& property)
 {
+    if (property.name().front() == '_' && !property.annotations().contain<Meta::Label::Text>())
+        return false;
     return (property.visibility() & zarn::meta_property::VisibilityFlag::Panel).value() != 0;
 }
 
@@ -68,6 +66,14 @@ Objects nestedObjects(const Objects& objects, const std::string& name)
 }
 
 } // namespace
+
+QString labelOf(const zarn::BoundProperty& property)
+{
+    const std::string label = property.annotations().valueOr<Meta::Label::Text>(property.name())(property);
+    return QString::fromStdString(property.isMethod()
+                                      ? property.annotations().valueOr<Meta::Button::Text>(label)(property)
+                                      : label);
+}
 
 bool PropertyRow::looksLike(const PropertyRow& other) const
 {

@@ -12,6 +12,9 @@
 
 namespace editor {
 
+/// What a value, or the button of a method, is called.
+QString labelOf(const zarn::BoundProperty& property);
+
 /// One row of a form.
 struct PropertyRow
 {

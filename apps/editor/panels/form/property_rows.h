@@ -43,6 +43,8 @@ public:
     /// What to show: the objects, and the one that they are shown as. `subject` names them in the history.
     void setObjects(std::vector<zarn::ReflectedObject> objects, const zarn::ReflectedObject& merged,
                     const QString& subject);
+    /// Keeps a heading closed until it is opened by hand.
+    void close(const QString& path) { m_closed.insert(path); }
     /// Follows no changes until `setObjects` is called again, as while many objects come and go.
     void pause() { m_connections.clear(); }
     /// Whether only switches can be turned.

@@ -52,17 +52,12 @@ int digitsOf(const zarn::BoundProperty& property, const zarn::BoundProperty& sam
     return property.annotations().valueOr(Meta::Precision{isReal ? 3 : 0}).digits;
 }
 
-QString textOf(const zarn::BoundProperty& property)
-{
-    return QString::fromStdString(property.annotations().valueOr<Meta::Label::Text>(property.name())(property));
-}
-
 QVariantList fieldsOf(const PropertyRow& row)
 {
     QVariantList fields;
     for (const zarn::BoundProperty& field : row.fields) {
         fields << QVariantMap{{"name", QString::fromStdString(field.name())},
-                              {"label", textOf(field)},
+                              {"label", labelOf(field)},
                               {"tip", QString::fromStdString(field.annotations().valueOr<Meta::ToolTip>()(field))},
                               {"value", field.isMethod() ? QVariant() : plain(field.get())},
                               {"isMixed", zarn::MultiSelection::isMixed(field)},

@@ -34,13 +34,17 @@ public:
     const FileStamp& stamp() const { return m_stamp; }
     std::int64_t size() const { return m_stamp.size; }
 
-    /// How many bytes were read; fewer at the end of the file.
+    /// How many bytes were read, from the disk but for the start of the file; fewer at the end of the file.
     std::size_t read(std::int64_t offset, void* bytes, std::size_t length) const;
     /// Exactly that many, or none.
     std::vector<unsigned char> read(std::int64_t offset, std::size_t length) const;
 
 private:
+    static constexpr std::size_t startLength = 512;
+
     int m_descriptor = -1;
+    unsigned char m_start[startLength]; ///< read at once, since headers are asked for in parts
+    std::size_t m_startRead = 0;
     bool m_isMissing = false;
     FileStamp m_stamp;
     std::string m_fault;

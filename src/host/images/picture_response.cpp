@@ -6,6 +6,7 @@
 #include <host/images/picture.h>
 
 #include <QQuickTextureFactory>
+#include <QThread>
 
 #include <atomic>
 #include <mutex>
@@ -98,6 +99,8 @@ PictureResponse::PictureResponse(DecodedImages& images, const std::optional<Tess
                                  const QSize& wished)
     : m_delivery(std::make_shared<Delivery>(*this))
 {
+    // An engine that goes forgets the responses that its loading thread still has.
+    connect(QThread::currentThread(), &QThread::finished, this, &QObject::deleteLater);
     if (desc)
         start(images, *desc, wished);
     else

@@ -5,6 +5,7 @@
 
 #include <QtTest>
 
+#include <algorithm>
 #include <atomic>
 #include <thread>
 
@@ -36,8 +37,8 @@ public:
     }
     void takeChanges(const QByteArray& bytes)
     {
-        for (int at = 0; at < bytes.size(); ++at) {
-            for (const char change : {'\x01', '\x10', '\x80', '\xff'}) {
+        for (int at = 0; at < std::min(bytes.size(), mostChanged); ++at) {
+            for (const char change : {'\x01', '\x80'}) {
                 QByteArray changed = bytes;
                 changed[at] = static_cast<char>(changed[at] ^ change);
                 take(changed);
@@ -45,13 +46,15 @@ public:
         }
     }
 
+    static constexpr int mostChanged = 180; ///< the headers and a bit of the pixels
+
     int taken = 0;
     int described = 0;
     int shownFully = 0;
     int inconsistent = 0;
 
 private:
-    DiskFolder m_disk;
+    DiskFolder m_disk{DiskFolder::Large};
     QString m_name;
 };
 
@@ -134,7 +137,7 @@ private Q_SLOTS:
 
         trial.takeChanges(bytes);
 
-        QCOMPARE(trial.taken, 4 * bytes.size());
+        QCOMPARE(trial.taken, 2 * std::min(bytes.size(), Trial::mostChanged));
         QCOMPARE(trial.inconsistent, 0);
     }
 

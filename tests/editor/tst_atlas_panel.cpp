@@ -70,7 +70,13 @@ public:
         QList<QUrl> urls;
         for (const QString& file : files)
             urls << QUrl::fromLocalFile(file.startsWith('/') ? file : m_project.filePath(file));
-        panel().document()->addFiles(urls);
+        QMimeData data;
+        data.setUrls(urls);
+        const QPoint place = areaOf(item("grid")).center().toPoint();
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(item("grid").window(), &enter);
+        QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(item("grid").window(), &event);
         settle();
     }
 

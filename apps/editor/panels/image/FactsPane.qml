@@ -70,15 +70,15 @@ Rectangle {
             color: index % 2 ? Theme.pane : Theme.hover
 
             Label {
-                width: parent.width / 2
+                width: Math.max(parent.width / 2, 120)
                 height: parent.height
                 leftPadding: Theme.margin
                 color: Theme.secondary
                 text: model.display
             }
             Label {
-                x: parent.width / 2
-                width: parent.width / 2 - Theme.margin
+                x: Math.max(parent.width / 2, 120)
+                width: parent.width - x - Theme.margin
                 height: parent.height
                 text: model.value
             }

@@ -154,11 +154,12 @@ std::vector<Panel::Shot> ImagePanel::shots()
     return {
         {QString(), [this] { show(QStringLiteral("textures/probes/probe_quay.dds")); }},
         {QStringLiteral("atlas"), [this] { show(QStringLiteral("textures/tiles/quayside_AM.atlas")); }},
-        {QStringLiteral("alpha"),
+        {QStringLiteral("found"),
          [this] {
-             show(QStringLiteral("textures/effects/lantern_glow.png"));
              m_words->setText(QStringLiteral("effects"));
+             show(QStringLiteral("textures/effects/lantern_glow.png"));
          }},
+        {QStringLiteral("alpha"), [this] { channels()->setData(channels()->index(3), true); }},
     };
 }
 

@@ -21,11 +21,22 @@ bool writeAll(QIODevice& file, const QByteArray& bytes)
     return true;
 }
 
+/// Whether the file could be read again. A tile takes at most 30 bytes beside its path.
+bool isShortEnough(const AtlasTexture::AtlasData& data)
+{
+    quint64 length = 64;
+    for (const auto& tile : data.tiles)
+        length += 30 + tile.second.size();
+    return length <= static_cast<quint64>(AtlasFile::maximumLength);
+}
+
 /// Writes an atlas file; the reason if that fails.
 QString faultOfWriting(const std::string& path, const AtlasTexture::AtlasData& data)
 {
     if (const char* fault = AtlasFile::fault(data))
         return QString::fromLatin1(fault);
+    if (!isShortEnough(data))
+        return QStringLiteral("is longer than 64 MiB");
     const QByteArray bytes = AtlasFile::encode(data);
     QSaveFile file(QFile::decodeName(path.c_str()));
     if (!file.open(QIODevice::WriteOnly) || !writeAll(file, bytes) || !file.commit())

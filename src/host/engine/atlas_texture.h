@@ -21,7 +21,7 @@ public:
 
     /// Writes one atlas file, `path` being absolute. The file is replaced as a whole and is on the disk when this returns
     /// true. On false, with a message that tells the reason, it is what it was before; so it is for a side above
-    /// `MAX_SIZE`. The last parameter is the engine's own and not looked at. Threads: any.
+    /// `MAX_SIZE` and for more than 64 MiB. The last parameter is the engine's own and not looked at. Threads: any.
     static bool makeAtlasFile(const std::string& path, const AtlasData& data, void* context);
 };
 

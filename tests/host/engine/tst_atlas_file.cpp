@@ -243,6 +243,31 @@ private Q_SLOTS:
         QCOMPARE(faultOf(AtlasFile::encode(data)), QString("is larger than 16384 pixels"));
     }
 
+    void whatCouldNotBeReadAgainIsNotWritten()
+    {
+        DiskFolder disk;
+        AtlasTexture::AtlasData data = sampleAtlas();
+        data.tiles.front().second.resize(std::size_t(AtlasFile::maximumLength), 'x');
+        LogCapture log;
+
+        const bool isWritten = AtlasTexture::makeAtlasFile(disk.bytes("park_AM.atlas"), data, nullptr);
+
+        QVERIFY(!isWritten);
+        QCOMPARE(log.messages(), QStringList{QString("5 Could not write atlas file '%1': is longer than 64 MiB. It is as it was "
+                                                     "before.").arg(disk.path("park_AM.atlas"))});
+    }
+
+    void numbersOfEverySizeSurvive()
+    {
+        AtlasTexture::AtlasData data = sampleAtlas();
+        data.tiles = {{{23, 24, 255, 256}, std::string(23, 'a')},
+                      {{65535, 65536, 0, 1}, std::string(24, 'b')},
+                      {{0, 0, 0, 0}, std::string(256, 'c')},
+                      {{0, 0, 0, 0}, std::string(65536, 'd')}};
+
+        QVERIFY(AtlasFile::decode(AtlasFile::encode(data)).data == data);
+    }
+
     void aFileThatIsTooLongIsNotEvenRead()
     {
         DiskFolder disk;

@@ -111,7 +111,7 @@ Decoded decodeFloats(const DdsFormat& format, const DdsLayout::Surface& surface,
         float* const to = &decoded->light[4 * pixel];
         to[3] = 1;
         for (unsigned channel = 0; channel < format.channelCount; ++channel)
-            to[channel] = floatAt(from + channel * static_cast<unsigned>(format.bytesPerChannel), format.bytesPerChannel);
+            to[channel] = floatAt(from + std::ptrdiff_t(channel) * format.bytesPerChannel, format.bytesPerChannel);
         if (format.isLuminance)
             to[1] = to[2] = to[0];
     }

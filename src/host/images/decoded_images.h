@@ -8,6 +8,7 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace Tessen {
@@ -48,7 +49,10 @@ private:
         int image;
         int mip;
 
-        auto operator<=>(const Key&) const = default;
+        bool operator<(const Key& other) const
+        {
+            return std::tie(path, image, mip) < std::tie(other.path, other.image, other.mip);
+        }
     };
     struct Kept
     {

@@ -73,7 +73,7 @@ public:
     {
         // The order of comparisons takes what is no number for darkness.
         const float bounded = light > 0 ? std::min(light, 1.0f) : 0;
-        return m_bytes[static_cast<std::size_t>(std::sqrt(bounded) * last + 0.5f)];
+        return m_bytes[static_cast<std::size_t>(std::lrint(std::sqrt(bounded) * last))];
     }
 
 private:

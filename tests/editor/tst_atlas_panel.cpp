@@ -346,6 +346,19 @@ private Q_SLOTS:
         QVERIFY(!desk.item("message").isVisible());
     }
 
+    void anAtlasWhoseFilesAreGoneIsToldWhenItIsReadAgain()
+    {
+        AtlasDesk desk;
+        desk.click("slot-0");
+        QFile::remove(desk.project().filePath("textures/quay_MAO.atlas"));
+
+        desk.press(Qt::Key_F5);
+
+        QCOMPARE(desk.reads(desk.item("noAtlas")), QString("textures/quay_AM.atlas cannot be shown"));
+        QTRY_COMPARE(desk.text("message"), QString("Failed to load MAO atlas data."));
+        desk.messages();
+    }
+
     void aTileWithoutItsCompanionIsAProblemThatLeadsToItsSlot()
     {
         AtlasDesk desk;

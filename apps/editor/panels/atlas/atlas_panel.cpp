@@ -104,9 +104,11 @@ QStringList AtlasPanel::files(const QString& folder, const QString& pattern) con
 
 void AtlasPanel::showSelected()
 {
-    if (!hasAtlas())
-        return;
     std::vector<zarn::ReflectedObject> objects;
+    if (!hasAtlas()) {
+        m_rows.setObjects({}, {}, {}); // what it showed may be about to go
+        return;
+    }
     for (const std::size_t slot : selected()) {
         if (const std::shared_ptr<AtlasTile> tile = m_document.asset()->getTile(slot))
             objects.push_back(zarn::reflect(*tile));

@@ -309,6 +309,19 @@ private Q_SLOTS:
         QCOMPARE(fixture.model.rowCount(), 0);
     }
 
+    void aSlotThatAsksAnewLeavesNoTextOfTheAnswerBefore()
+    {
+        Fixture fixture;
+        fixture.openAndWait("plain.png");
+        connect(&fixture.model, &SimpleImageModel::channelCountChanged, &fixture.model, [&] { fixture.open("cube.dds"); });
+
+        fixture.open("missing.png");
+
+        QTRY_COMPARE(fixture.model.status(), SimpleImageModel::Ready);
+        QCOMPARE(fixture.model.fileName(), fixture.path("cube.dds"));
+        QCOMPARE(fixture.model.statusText(), QString());
+    }
+
     void aSlotOfARowMayEmptyTheModel()
     {
         Fixture fixture;

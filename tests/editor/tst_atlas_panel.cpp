@@ -117,6 +117,15 @@ private Q_SLOTS:
         QCOMPARE(desk.status(), QString("No atlas"));
     }
 
+    void withoutAnAtlasThereIsNothingToDropInto()
+    {
+        const Desk desk("atlas");
+
+        desk.panel<AtlasPanel>().document()->addFiles({QUrl::fromLocalFile("/tmp/ash_AM.png")});
+
+        QCOMPARE(desk.status(), QString("No atlas"));
+    }
+
     void aClickSelectsASlotAndShowsItsTextures()
     {
         AtlasDesk desk;

@@ -171,6 +171,8 @@ void AtlasDocument::followSteps()
 
 void AtlasDocument::findProblems()
 {
+    if (!m_asset)
+        return;
     QStringList problems;
     for (const AtlasProblem& problem : findAtlasProblems(*m_asset)) {
         const QString text = QString::fromStdString(problem.text);

@@ -33,6 +33,8 @@ void AtlasDocument::addTextures()
 
 void AtlasDocument::addFiles(const QList<QUrl>& files)
 {
+    if (!m_asset)
+        return;
     QStringList refused;
     {
         const Ozy::CommitChangesScope step("Add textures", &m_history);

@@ -126,6 +126,15 @@ private Q_SLOTS:
         QCOMPARE(desk.status(), QString("No atlas"));
     }
 
+    void withoutAnAtlasThereIsNothingToCrop()
+    {
+        const Desk desk("atlas");
+
+        desk.panel<AtlasPanel>().crop();
+
+        QVERIFY(!desk.panel<AtlasPanel>().isModified());
+    }
+
     void aClickSelectsASlotAndShowsItsTextures()
     {
         AtlasDesk desk;

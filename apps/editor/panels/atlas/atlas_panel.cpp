@@ -88,6 +88,8 @@ void AtlasPanel::clearSelected()
 
 void AtlasPanel::crop()
 {
+    if (!hasAtlas())
+        return;
     const Ozy::CommitChangesScope step("Crop", m_document.history());
     m_document.asset()->crop();
 }

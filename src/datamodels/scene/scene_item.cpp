@@ -28,11 +28,6 @@ bool readFlag(const zarn::BoundProperty& property)
     return qelm::VariantConverter::convertTo<bool>(property.get()).value_or(false);
 }
 
-bool isTold(ryk::Flags<zarn::SetterFlag> setterFlags, ryk::Flags<zarn::NotifyFlag> notifyFlags)
-{
-    return !setterFlags.test(zarn::SetterFlag::Unseen) && notifyFlags.test(zarn::NotifyFlag::Value);
-}
-
 } // namespace
 
 SceneItem::SceneItem(zarn::ReflectedObject object, SceneItemModel& model) : m_model(model)
@@ -63,27 +58,24 @@ void SceneItem::init(zarn::ReflectedObject object, const zarn::BoundProperty& pr
     m_address = object.address();
     m_model.m_itemsByObject.emplace(m_address, this);
     initState(object);
-    m_resetWatch = object.connectPropertiesReset([this] {
-        if (m_rootObject)
-            initState(reflectedObject());
-    });
+    m_watch.observe(object);
     // Walks, and so makes the rows below. Until it is done there is no root node.
     m_rootObject = std::make_unique<Object>(*this, std::move(object), collection);
 }
 
 void SceneItem::initState(const zarn::ReflectedObject& object)
 {
-    m_connections.clear();
+    m_followed = {};
     m_parentEnabled = !m_parent || m_parent->isEnabled();
     if (const zarn::BoundProperty enabled = object.findPropertyByName("_isEnabled"); enabled.isValid()) {
         m_enabled = readFlag(enabled);
         pushEnabledDown();
-        connectEnabledChanged(enabled);
+        m_followed.isEnabled = enabled.metaProperty().get();
     }
     if (m_name.isEmpty())
-        connectValueChangedWithRoles(object.findPropertyByName("_objectName"), {Qt::DisplayRole});
-    connectValueChangedWithRoles(object.findPropertyByName("_objectIcon"), {Qt::DecorationRole});
-    connectValueChangedWithRoles(object.findPropertyByName("_objectState"), {Qt::CheckStateRole});
+        m_followed.name = object.findPropertyByName("_objectName").metaProperty().get();
+    m_followed.icon = object.findPropertyByName("_objectIcon").metaProperty().get();
+    m_followed.state = object.findPropertyByName("_objectState").metaProperty().get();
     initModifiableState(object);
 }
 
@@ -93,39 +85,41 @@ void SceneItem::initModifiableState(const zarn::ReflectedObject& object)
     if (!modified.isValid())
         return;
     m_modified = readFlag(modified);
-    // Intended: whatever the flags.
-    keep(modified.connectPropertyChanged([this](const zarn::BoundProperty& property) {
+    m_followed.isModified = modified.metaProperty().get();
+}
+
+void SceneItem::Watch::propertyChanged(const zarn::BoundProperty& property, ryk::Flags<zarn::SetterFlag> setterFlags,
+                                       ryk::Flags<zarn::NotifyFlag> notifyFlags)
+{
+    m_item.onValueChanged(property, !setterFlags.test(zarn::SetterFlag::Unseen) && notifyFlags.test(zarn::NotifyFlag::Value));
+}
+
+void SceneItem::Watch::propertiesReset()
+{
+    if (m_item.m_rootObject)
+        m_item.initState(m_item.reflectedObject());
+}
+
+void SceneItem::onValueChanged(const zarn::BoundProperty& property, bool isTold)
+{
+    const zarn::MetaProperty* const changed = property.metaProperty().get();
+    if (changed == m_followed.isModified) {
+        // Intended: whatever the flags.
         m_modified = readFlag(property);
         m_model.onItemDataChanged(*this, *this, {SceneRoles::Modified});
-    }));
-}
-
-void SceneItem::connectEnabledChanged(const zarn::BoundProperty& property)
-{
-    keep(property.connectPropertyChanged([this](const zarn::BoundProperty& changed, ryk::Flags<zarn::SetterFlag> setterFlags,
-                                                ryk::Flags<zarn::NotifyFlag> notifyFlags) {
-        if (!isTold(setterFlags, notifyFlags))
-            return;
-        m_enabled = readFlag(changed);
+    } else if (!isTold) {
+        return;
+    } else if (changed == m_followed.isEnabled) {
+        m_enabled = readFlag(property);
         pushEnabledDown();
         m_model.onItemDataChanged(*this, *this, {SceneRoles::Enabled});
-    }));
-}
-
-void SceneItem::connectValueChangedWithRoles(const zarn::BoundProperty& property, QVector<int> roles)
-{
-    keep(property.connectPropertyChanged(
-        [this, roles = std::move(roles)](const zarn::BoundProperty&, ryk::Flags<zarn::SetterFlag> setterFlags,
-                                         ryk::Flags<zarn::NotifyFlag> notifyFlags) {
-            if (isTold(setterFlags, notifyFlags))
-                m_model.onItemDataChanged(*this, *this, roles);
-        }));
-}
-
-void SceneItem::keep(ryk::Connection connection)
-{
-    if (connection.isConnected())
-        m_connections.emplace_back(std::move(connection));
+    } else if (changed == m_followed.name) {
+        m_model.onItemDataChanged(*this, *this, {Qt::DisplayRole});
+    } else if (changed == m_followed.icon) {
+        m_model.onItemDataChanged(*this, *this, {Qt::DecorationRole});
+    } else if (changed == m_followed.state) {
+        m_model.onItemDataChanged(*this, *this, {Qt::CheckStateRole});
+    }
 }
 
 QString SceneItem::name() const

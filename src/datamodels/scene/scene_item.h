@@ -3,14 +3,11 @@
 #include <datamodels/datamodels_export.h>
 #include <datamodels/scene/gap_vector.h>
 #include <host/reflection/bound_property.h>
+#include <host/reflection/object_observer.h>
 #include <host/reflection/reflected_object.h>
-#include <host/signals/connection.h>
 
 #include <QString>
 #include <QVariant>
-#include <QVector>
-
-#include <boost/container/static_vector.hpp>
 
 #include <memory>
 #include <vector>
@@ -79,12 +76,34 @@ public:
 private:
     friend class SceneItemModel;
 
+    /// Hears of the object on behalf of its row.
+    class Watch final : public zarn::ObjectObserver
+    {
+    public:
+        explicit Watch(SceneItem& item) : m_item(item) {}
+
+        void propertyChanged(const zarn::BoundProperty& property, ryk::Flags<zarn::SetterFlag> setterFlags,
+                             ryk::Flags<zarn::NotifyFlag> notifyFlags) override;
+        void propertiesReset() override;
+
+    private:
+        SceneItem& m_item;
+    };
+
+    /// The properties that the row follows, as they were found when its state was read; null for those that are missing.
+    struct Followed
+    {
+        const zarn::MetaProperty* isEnabled = nullptr;
+        const zarn::MetaProperty* name = nullptr;
+        const zarn::MetaProperty* icon = nullptr;
+        const zarn::MetaProperty* state = nullptr;
+        const zarn::MetaProperty* isModified = nullptr;
+    };
+
     void init(zarn::ReflectedObject object, const zarn::BoundProperty& property, Object* collection);
     void initState(const zarn::ReflectedObject& object);
     void initModifiableState(const zarn::ReflectedObject& object);
-    void connectEnabledChanged(const zarn::BoundProperty& property);
-    void connectValueChangedWithRoles(const zarn::BoundProperty& property, QVector<int> roles);
-    void keep(ryk::Connection connection);
+    void onValueChanged(const zarn::BoundProperty& property, bool isTold);
     Object& insertChild(int index, zarn::ReflectedObject object, const zarn::BoundProperty& property, Object* collection);
     void eraseChild(int index);
     void pushEnabledDown();
@@ -97,8 +116,8 @@ private:
     SceneItemModel& m_model;
     SceneItem* m_parent = nullptr;
     GapVector<std::unique_ptr<SceneItem>> m_children;
-    boost::container::static_vector<ryk::ScopedConnection, 5> m_connections;
-    ryk::ScopedConnection m_resetWatch; // Intended: stays when the others are made anew
+    Followed m_followed;
+    Watch m_watch{*this};
     QString m_name;
     bool m_expanded = true;
     bool m_hovered = false;

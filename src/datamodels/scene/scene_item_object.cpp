@@ -38,8 +38,6 @@ SceneItem::Object::Object(SceneItem& item, zarn::BoundProperty property, Object*
     , m_level(parent->m_level + 1)
     , m_place(place)
 {
-    m_propertyConnection = m_property.connectPropertyChanged(
-        [this](const zarn::BoundProperty&, ryk::Flags<zarn::SetterFlag> setterFlags) { onPropertyChanged(setterFlags); });
 }
 
 SceneItem::Object::~Object()
@@ -127,26 +125,62 @@ void SceneItem::Object::walk(const zarn::Annotations& annotations)
     if (!m_object.isValid())
         return;
     updateDeleteButton();
+    observe(m_object); // the children hear of their properties through it
     insertChildren(0, m_object.propertyCount());
-    watchObject();
+    m_followsStructure = true;
 }
 
-void SceneItem::Object::watchObject()
+void SceneItem::Object::propertyChanged(const zarn::BoundProperty& property, ryk::Flags<zarn::SetterFlag> setterFlags,
+                                        ryk::Flags<zarn::NotifyFlag>)
 {
-    const auto keep = [this](ryk::Connection connection) {
-        if (connection.isConnected())
-            m_objectConnections.emplace_back(std::move(connection));
+    if (Object* const child = childOver(*property.metaProperty(), property.key()))
+        child->onPropertyChanged(setterFlags);
+}
+
+/// Null for a property without a node. An element of a collection stands where its key says.
+SceneItem::Object* SceneItem::Object::childOver(const zarn::MetaProperty& property, const qelm::Variant& key) const
+{
+    const auto isOver = [&](const std::unique_ptr<Object>& child) {
+        return child && child->m_property.metaProperty().get() == &property;
     };
-    keep(m_object.connectPropertyAdded([this](const zarn::ReflectedObject&, std::size_t index, std::size_t count) {
-        insertChildren(index, count);
-        fixChildrenReferences(index + count);
-    }));
-    keep(m_object.connectPropertyAboutToBeRemoved(
-        [this](const zarn::ReflectedObject&, std::size_t index, std::size_t count) { removeChildren(index, count); }));
-    keep(m_object.connectPropertyRemoved(
-        [this](const zarn::ReflectedObject&, std::size_t index) { fixChildrenReferences(index); }));
-    keep(m_object.connectPropertiesAboutToBeReset([this] { removeChildren(0, m_children.size()); }));
-    keep(m_object.connectPropertiesReset([this] { insertChildren(0, m_object.propertyCount()); }));
+    if (const std::size_t* place = key.as<std::size_t>(); place && *place < m_children.size() && isOver(m_children[*place]))
+        return m_children[*place].get();
+    std::size_t place = 0;
+    while (place < m_children.size() && !isOver(m_children[place]))
+        ++place;
+    return place < m_children.size() ? m_children[place].get() : nullptr;
+}
+
+void SceneItem::Object::propertyAdded(std::size_t index, std::size_t count)
+{
+    if (!m_followsStructure)
+        return;
+    insertChildren(index, count);
+    fixChildrenReferences(index + count);
+}
+
+void SceneItem::Object::propertyAboutToBeRemoved(std::size_t index, std::size_t count)
+{
+    if (m_followsStructure)
+        removeChildren(index, count);
+}
+
+void SceneItem::Object::propertyRemoved(std::size_t index, std::size_t)
+{
+    if (m_followsStructure)
+        fixChildrenReferences(index);
+}
+
+void SceneItem::Object::propertiesAboutToBeReset()
+{
+    if (m_followsStructure)
+        removeChildren(0, m_children.size());
+}
+
+void SceneItem::Object::propertiesReset()
+{
+    if (m_followsStructure)
+        insertChildren(0, m_object.propertyCount());
 }
 
 void SceneItem::Object::onPropertyChanged(ryk::Flags<zarn::SetterFlag> setterFlags)
@@ -171,7 +205,8 @@ void SceneItem::Object::fini()
     OZY_ASSERT(m_children.empty());
     // Last: the removal of the children has just asked whether it is wanted.
     removeButton(m_addButton);
-    m_objectConnections.clear();
+    stopObserving();
+    m_followsStructure = false;
 }
 
 void SceneItem::Object::insertChildren(std::size_t index, std::size_t count)

@@ -2,8 +2,7 @@
 
 #include <datamodels/scene/gap_vector.h>
 #include <datamodels/scene/scene_item.h>
-
-#include <boost/container/static_vector.hpp>
+#include <host/reflection/object_observer.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -24,7 +23,7 @@ class SceneItemButton;
 /// A property that can neither hold an object nor make a row or a button has no node.
 ///
 /// Owned by its parent, a root node by its item. Thread: GUI only.
-class SceneItem::Object
+class SceneItem::Object : private zarn::ObjectObserver
 {
 public:
     /// A root node, which walks at once. `parent` is the node in the parent item that made the item, or null.
@@ -75,8 +74,16 @@ private:
     void makeRow();
     void dropRow();
     void walk(const zarn::Annotations& annotations);
-    void watchObject();
+    Object* childOver(const zarn::MetaProperty& property, const qelm::Variant& key) const;
     void onPropertyChanged(ryk::Flags<zarn::SetterFlag> setterFlags);
+
+    void propertyChanged(const zarn::BoundProperty& property, ryk::Flags<zarn::SetterFlag> setterFlags,
+                         ryk::Flags<zarn::NotifyFlag> notifyFlags) override;
+    void propertyAdded(std::size_t index, std::size_t count) override;
+    void propertyAboutToBeRemoved(std::size_t index, std::size_t count) override;
+    void propertyRemoved(std::size_t index, std::size_t count) override;
+    void propertiesAboutToBeReset() override;
+    void propertiesReset() override;
     std::string fullPath() const;
 
     const std::optional<Collection>& collection();
@@ -95,10 +102,9 @@ private:
     zarn::ReflectedObject m_object;
     zarn::BoundProperty m_property;
     bool m_isSceneItem = false;
+    bool m_followsStructure = false; // from the end of the walk on
     Object* m_parent;
     int m_level;
-    ryk::ScopedConnection m_propertyConnection;
-    boost::container::static_vector<ryk::ScopedConnection, 5> m_objectConnections;
     GapVector<std::unique_ptr<Object>> m_children; // null for properties without a node
     Object* m_childRootObject = nullptr;
     SceneItemButton* m_iconButton = nullptr;

@@ -19,8 +19,18 @@ NotifyScope::~NotifyScope()
 {
     if (!m_data || --m_data->m_openChanges > 0)
         return;
-    const std::shared_ptr<PropertyData> kept = std::move(m_data->m_keptByChange);
+    std::shared_ptr<PropertyData> kept = std::move(m_data->m_keptByChange);
+    if (!observers().empty()) {
+        kept = m_data->shared_from_this(); // an observer may remove the property
+        observers().tell(&ObjectObserver::propertyChanged, m_property, m_setterFlags, m_notifyFlags);
+    }
     m_data->changed(m_property, m_setterFlags, m_notifyFlags);
+}
+
+void NotifyScope::tellAboutToBeChanged() const
+{
+    observers().tell(&ObjectObserver::propertyAboutToBeChanged, m_property, m_setterFlags, m_notifyFlags);
+    m_data->aboutToBeChanged(m_property, m_setterFlags, m_notifyFlags);
 }
 
 BoundProperty NotifyScope::current() const

@@ -44,13 +44,16 @@ private:
         : m_property(property), m_data(data), m_setterFlags(setterFlags), m_notifyFlags(notifyFlags)
     {
         if (m_data && m_data->m_openChanges++ == 0)
-            m_data->aboutToBeChanged(m_property, setterFlags, notifyFlags);
+            tellAboutToBeChanged();
     }
     static PropertyData* dataOf(const BoundProperty& property)
     {
-        const ObjectData* object = property.isValid() ? property.object().data().get() : nullptr;
-        return object ? object->findPropertyData(*property.metaProperty()) : nullptr;
+        ObjectData* object = property.isValid() ? property.object().data().get() : nullptr;
+        return object ? object->toldData(property.metaProperty()) : nullptr;
     }
+
+    ObjectObservers& observers() const { return m_property.object().data()->observers; }
+    void tellAboutToBeChanged() const;
 
     BoundProperty m_property;
     PropertyData* m_data; // null where nobody listens

@@ -7,12 +7,15 @@ namespace zarn {
 namespace {
 
 // A copy: a slot may destroy the object, and with it the handle that was passed.
-template <auto Signal, class... Arguments>
+template <auto Signal, auto Observation = nullptr, class... Arguments>
 void tell(const ReflectedObject& object, Arguments... arguments)
 {
     const ReflectedObject told = object;
-    if (told.data())
-        ((*told.data()).*Signal)(told, arguments...);
+    if (!told.data())
+        return;
+    if constexpr (Observation != nullptr)
+        told.data()->observers.tell(Observation, arguments...);
+    ((*told.data()).*Signal)(told, arguments...);
 }
 
 template <auto Signal, class Slot>
@@ -32,17 +35,17 @@ void Notifyable::propertyAboutToBeAdded(const ReflectedObject& object, std::size
 
 void Notifyable::propertyAdded(const ReflectedObject& object, std::size_t first, std::size_t count)
 {
-    tell<&ObjectData::propertyAdded>(object, first, count);
+    tell<&ObjectData::propertyAdded, &ObjectObserver::propertyAdded>(object, first, count);
 }
 
 void Notifyable::propertyAboutToBeRemoved(const ReflectedObject& object, std::size_t first, std::size_t count)
 {
-    tell<&ObjectData::propertyAboutToBeRemoved>(object, first, count);
+    tell<&ObjectData::propertyAboutToBeRemoved, &ObjectObserver::propertyAboutToBeRemoved>(object, first, count);
 }
 
 void Notifyable::propertyRemoved(const ReflectedObject& object, std::size_t first, std::size_t count)
 {
-    tell<&ObjectData::propertyRemoved>(object, first, count);
+    tell<&ObjectData::propertyRemoved, &ObjectObserver::propertyRemoved>(object, first, count);
 }
 
 ryk::Connection Notifyable::connectObjectDeleted(const ReflectedObject& object, std::function<void()> slot) const
@@ -102,12 +105,12 @@ void Notifyable::structureChanged(const ReflectedObject& object)
 
 void Notifyable::propertiesAboutToBeReset(const ReflectedObject& object)
 {
-    tell<&ObjectData::propertiesAboutToBeReset>(object);
+    tell<&ObjectData::propertiesAboutToBeReset, &ObjectObserver::propertiesAboutToBeReset>(object);
 }
 
 void Notifyable::propertiesReset(const ReflectedObject& object)
 {
-    tell<&ObjectData::propertiesReset>(object);
+    tell<&ObjectData::propertiesReset, &ObjectObserver::propertiesReset>(object);
 }
 
 } // namespace zarn

@@ -52,6 +52,7 @@ void ObjectData::markDead()
         return;
     m_isAlive = false;
     const std::shared_ptr<ObjectData> keepAlive = weak_from_this().lock();
+    observers.tell(&ObjectObserver::objectDeleted);
     deleted();
 }
 

@@ -2,6 +2,7 @@
 
 #include <host/base/host_export.h>
 #include <host/reflection/fuzzy_slots.h>
+#include <host/reflection/object_observer.h>
 #include <host/reflection/property_data.h>
 #include <host/variant/variant.h>
 
@@ -36,8 +37,15 @@ public:
         return m_lastFound && m_lastFound->isDataOf(&property) ? m_lastFound : lookUp(property);
     }
     PropertyData& propertyData(const std::shared_ptr<MetaProperty>& property);
+    /// The data through which a change of the property is told; null where nobody would hear of it.
+    PropertyData* toldData(const std::shared_ptr<MetaProperty>& property)
+    {
+        PropertyData* const data = findPropertyData(*property);
+        return data || observers.empty() ? data : &propertyData(property);
+    }
     void dropPropertyData(const MetaProperty& property);
 
+    ObjectObservers observers;
     ryk::Signal<void()> deleted;
     ObjectSignal structureAboutToBeChanged;
     ObjectSignal structureChanged;

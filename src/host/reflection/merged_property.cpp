@@ -1,6 +1,8 @@
 #include <host/reflection/merged_property.h>
 
+#include <host/reflection/cast.h>
 #include <host/reflection/meta.h>
+#include <host/reflection/multi_selection.h>
 #include <host/undo/commit_changes_scope.h>
 
 #include <algorithm>
@@ -51,25 +53,21 @@ MergedProperty::MergedProperty(const ReflectedObject& owner, const BoundProperty
 
 MergedProperty::~MergedProperty() = default;
 
-void MergedProperty::add(std::size_t number, const BoundProperty& property)
+BoundProperty MergedProperty::target(const ReflectedObject& object) const
 {
-    Target& target = m_targets[number];
-    target.property = property;
-    if (property.isConst() || property.isMethod())
-        return;
-    target.aboutToBeChanged = property.connectPropertyAboutToBeChanged(
-        [this, &target](const BoundProperty&, ryk::Flags<SetterFlag> setter, ryk::Flags<NotifyFlag> notify) {
-            target.change = std::make_unique<NotifyScope>(NotifyScope::beginPropertyChange(bound(), setter, notify));
-        });
-    target.changed = property.connectPropertyChanged([&target] {
-        // Taken out first: who is told may take the object out of the selection.
-        const std::unique_ptr<NotifyScope> ending = std::move(target.change);
-    });
-}
-
-void MergedProperty::remove(std::size_t number)
-{
-    const auto removed = m_targets.extract(number);
+    const MetaObject* const metaObject = object.metaObject();
+    if (!metaObject)
+        return {};
+    if (metaObject != m_class) {
+        std::shared_ptr<MetaProperty> common = metaObject->findCommonProperty(name());
+        if (!common || common->kind() != kind()) {
+            const BoundProperty found = object.findPropertyByName(name());
+            return fits(found) ? found : BoundProperty();
+        }
+        m_class = metaObject;
+        m_ofClass = std::move(common);
+    }
+    return {object, m_ofClass};
 }
 
 bool MergedProperty::fits(const BoundProperty& target) const
@@ -105,13 +103,14 @@ std::size_t MergedProperty::argumentCount() const
 
 bool MergedProperty::isConst() const
 {
-    return std::all_of(m_targets.begin(), m_targets.end(), [](const auto& entry) { return entry.second.property.isConst(); });
+    const std::vector<BoundProperty> all = targets();
+    return std::all_of(all.begin(), all.end(), [](const BoundProperty& one) { return one.isConst(); });
 }
 
 bool MergedProperty::isReadOnly() const
 {
-    return std::any_of(m_targets.begin(), m_targets.end(),
-                       [](const auto& entry) { return entry.second.property.isReadOnly(); });
+    const std::vector<BoundProperty> all = targets();
+    return std::any_of(all.begin(), all.end(), [](const BoundProperty& one) { return one.isReadOnly(); });
 }
 
 ryk::Flags<meta_property::VisibilityFlag> MergedProperty::visibility(const BoundProperty&) const
@@ -181,13 +180,8 @@ qelm::Variant MergedProperty::invoke(const BoundProperty&, std::size_t count, co
 
 std::vector<BoundProperty> MergedProperty::targets() const
 {
-    std::vector<BoundProperty> all;
-    all.reserve(m_targets.size());
-    for (const auto& [number, target] : m_targets) {
-        if (target.property.isValid()) // not one that is dying
-            all.push_back(target.property);
-    }
-    return all;
+    const auto* const selection = zarn::cast<MultiSelection>(m_owner);
+    return selection ? selection->targetsOf(*this) : std::vector<BoundProperty>();
 }
 
 } // namespace zarn

@@ -3,15 +3,13 @@
 #include <host/reflection/bound_property.h>
 #include <host/reflection/notifiers.h>
 
-#include <cstddef>
-#include <map>
 #include <memory>
 #include <vector>
 
 namespace zarn {
 
-/// A property that the objects of a selection have in common: reading asks all, writing and calling reach all, and a change
-/// of any is told once. It records no undo of its own, since each object does.
+/// A property that the objects of a selection have in common: reading asks all, writing and calling reach all. It records no
+/// undo of its own, since each object does. Once the selection is gone it has no objects.
 class MergedProperty final : public NotifyableMetaProperty<1>
 {
 public:
@@ -19,9 +17,8 @@ public:
     MergedProperty(const ReflectedObject& owner, const BoundProperty& first);
     ~MergedProperty() override;
 
-    /// The objects are numbered in the order in which they are to be read.
-    void add(std::size_t number, const BoundProperty& target);
-    void remove(std::size_t number);
+    /// The property of an object that it stands for; invalid if there is none.
+    BoundProperty target(const ReflectedObject& object) const;
     bool fits(const BoundProperty& target) const;
 
     BoundProperty bound() const;
@@ -38,21 +35,14 @@ public:
     qelm::Variant invoke(const BoundProperty& property, std::size_t count, const qelm::Variant* arguments) const override;
 
 private:
-    /// The property of one object.
-    struct Target
-    {
-        BoundProperty property;
-        std::unique_ptr<NotifyScope> change; // while the object is between its two notifications
-        ryk::ScopedConnection aboutToBeChanged;
-        ryk::ScopedConnection changed;
-    };
-
     /// A copy, since who hears of a change may change the selection.
     std::vector<BoundProperty> targets() const;
     bool isMixed() const;
 
     ReflectedObject m_owner;
-    std::map<std::size_t, Target> m_targets;
+    // Selected objects are mostly of one class: what its objects have in common is looked up once.
+    mutable const MetaObject* m_class = nullptr;
+    mutable std::shared_ptr<MetaProperty> m_ofClass;
 };
 
 } // namespace zarn

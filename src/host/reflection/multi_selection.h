@@ -5,11 +5,14 @@
 #include <host/reflection/generic_object.h>
 
 #include <map>
+#include <unordered_map>
 #include <utility>
+#include <vector>
 
 namespace zarn {
 
 class MergedProperty;
+class NotifyScope;
 
 /// Several objects as one, for a panel that edits all that is selected.
 ///
@@ -21,9 +24,11 @@ class MergedProperty;
 /// `Meta::MultiSelection::Mixed`) and reads as void, or, with a `ReduceMap`, as what that makes of the values of several.
 /// Writing reaches all objects or none: if one refuses or throws, the others get their values back. In an open transaction
 /// each object records its own undo. A method is called for each; its result is what all agree on.
-/// Signals: a change of a property of any object, a write to all included, is one pair of notifications; so is each that
-/// comes or goes. A change of type, or of what the objects have in common, is a reset, or removals.
-/// The objects are not kept alive but by the handles that were passed. Thread: GUI only.
+/// Signals: a change of a property of any object, a write to all included, is one pair of notifications; an object that
+/// comes or goes is a change of all properties at once. A change of type, or of what the objects have in common, is a reset,
+/// or removals.
+/// The objects are not kept alive but by the handles that were passed. Cost: an object that comes or goes where nobody
+/// listens to the properties costs a few look-ups, however many properties there are in common. Thread: GUI only.
 class DATAMODELS_HOST_API MultiSelection : public GenericObject
 {
 public:
@@ -40,7 +45,7 @@ public:
     /// Whether there is no object, not even one that waits.
     bool empty() const { return m_members.empty(); }
     /// How many objects there are, waiting ones not counted.
-    std::size_t mergedCount() const;
+    std::size_t mergedCount() const { return m_mergedCount; }
 
     /// Takes an object in; `reference` is the property through which it was reached, or an invalid one. Nothing happens for
     /// an invalid handle, an object that is there already, and the selection itself.
@@ -57,15 +62,25 @@ public:
     std::string typeName() const override;
 
 private:
+    friend class MergedProperty;
+
     using Identity = std::pair<const void*, const MetaObject*>;
-    struct Member;
+    struct IdentityHash
+    {
+        std::size_t operator()(const Identity& identity) const { return std::hash<const void*>()(identity.first); }
+    };
+    class Member;
 
     void cleared() override;
     bool isOpen() const override { return false; }
 
-    bool takesPart(const Member& member) const;
+    void setTakesPart(Member& member, bool takesPart);
     const Member* firstMember() const;
+    std::vector<BoundProperty> targetsOf(const MergedProperty& property) const;
+    std::shared_ptr<MetaProperty> heardProperty(const BoundProperty& ofMember) const;
+    std::vector<NotifyScope> changeAll() const;
     void join(std::size_t number);
+    void dropWhatLacks(const ReflectedObject& object);
     void leave(std::size_t number);
     void rebuild();
     Properties commonProperties();
@@ -74,8 +89,9 @@ private:
     bool m_isNarrowed = false; // some object has a property that others lack
     std::string m_type;
     std::size_t m_nextNumber = 0;
+    std::size_t m_mergedCount = 0;
     std::map<std::size_t, Member> m_members; // in the order of selection
-    std::map<Identity, std::size_t> m_numbers;
+    std::unordered_map<Identity, std::size_t, IdentityHash> m_numbers;
 };
 
 } // namespace zarn

@@ -6,11 +6,12 @@
 
 namespace {
 
-zarn::ReflectedObject objectOf(const QModelIndex& index)
+/// Of the row of an index; lives in the value.
+const zarn::ReflectedObject& objectIn(QVariant& value)
 {
-    QVariant value = index.data(SceneRoles::Object);
-    return value.convert(qMetaTypeId<zarn::ReflectedObject>()) ? value.value<zarn::ReflectedObject>()
-                                                               : zarn::ReflectedObject();
+    static const zarn::ReflectedObject none;
+    return value.convert(qMetaTypeId<zarn::ReflectedObject>()) ? *static_cast<const zarn::ReflectedObject*>(value.constData())
+                                                               : none;
 }
 
 } // namespace
@@ -64,8 +65,7 @@ void QtMiltiselectionComposer::rebuild()
     if (!m_selectionModel)
         return;
     // Intended: nothing is taken over; objects join when they are selected from now on.
-    for (const QModelIndex& index : m_selectionModel->selectedIndexes())
-        m_selection.unmerge(objectOf(index));
+    unmerge(m_selectionModel->selectedIndexes());
     setProcessing(false);
 }
 
@@ -73,10 +73,19 @@ void QtMiltiselectionComposer::selectionChanged(QItemSelection selected, QItemSe
 {
     const RYK::Profiler::Scope scope("QtMiltiselectionComposer::selectionChanged");
     setProcessing(true);
-    for (const QModelIndex& index : deselected.indexes())
-        m_selection.unmerge(objectOf(index));
-    for (const QModelIndex& index : selected.indexes())
-        m_selection.merge(objectOf(index), zarn::BoundProperty());
+    unmerge(deselected.indexes());
+    for (const QModelIndex& index : selected.indexes()) {
+        QVariant value = index.data(SceneRoles::Object);
+        m_selection.merge(objectIn(value), zarn::BoundProperty());
+    }
     Q_EMIT objectChanged();
     setProcessing(false);
+}
+
+void QtMiltiselectionComposer::unmerge(const QModelIndexList& indexes)
+{
+    for (const QModelIndex& index : indexes) {
+        QVariant value = index.data(SceneRoles::Object);
+        m_selection.unmerge(objectIn(value));
+    }
 }

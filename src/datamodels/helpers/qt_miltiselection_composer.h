@@ -50,6 +50,7 @@ private Q_SLOTS:
 
 private:
     void rebuild();
+    void unmerge(const QModelIndexList& indexes);
 
     QPointer<QItemSelectionModel> m_selectionModel;
     zarn::MultiSelection m_selection;

@@ -56,17 +56,15 @@ MergedProperty::~MergedProperty() = default;
 BoundProperty MergedProperty::target(const ReflectedObject& object) const
 {
     const MetaObject* const metaObject = object.metaObject();
-    if (!metaObject)
-        return {};
-    if (metaObject != m_class) {
-        std::shared_ptr<MetaProperty> common = metaObject->findCommonProperty(name());
-        if (!common || common->kind() != kind()) {
-            const BoundProperty found = object.findPropertyByName(name());
-            return fits(found) ? found : BoundProperty();
-        }
-        m_class = metaObject;
-        m_ofClass = std::move(common);
+    if (isOfClass(metaObject))
+        return {object, m_ofClass};
+    std::shared_ptr<MetaProperty> common = metaObject ? metaObject->findCommonProperty(name()) : nullptr;
+    if (!common || common->kind() != kind()) {
+        const BoundProperty found = object.findPropertyByName(name());
+        return fits(found) ? found : BoundProperty();
     }
+    m_class = metaObject;
+    m_ofClass = std::move(common);
     return {object, m_ofClass};
 }
 

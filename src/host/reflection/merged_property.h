@@ -17,7 +17,9 @@ public:
     MergedProperty(const ReflectedObject& owner, const BoundProperty& first);
     ~MergedProperty() override;
 
-    /// The property of an object that it stands for; invalid if there is none.
+    /// Whether it stands for a property of the object as well.
+    bool isOf(const ReflectedObject& object) const { return isOfClass(object.metaObject()) || target(object).isValid(); }
+    /// That property; invalid if there is none.
     BoundProperty target(const ReflectedObject& object) const;
     bool fits(const BoundProperty& target) const;
 
@@ -38,6 +40,7 @@ private:
     /// A copy, since who hears of a change may change the selection.
     std::vector<BoundProperty> targets() const;
     bool isMixed() const;
+    bool isOfClass(const MetaObject* metaObject) const { return metaObject && metaObject == m_class; }
 
     ReflectedObject m_owner;
     // Selected objects are mostly of one class: what its objects have in common is looked up once.

@@ -16,12 +16,6 @@ GenericMetaObject selectionClass(typeid(MultiSelection), "zarn::MultiSelection",
                                        return static_cast<GenericObject*>(static_cast<MultiSelection*>(object));
                                    }}});
 
-std::string typeOf(const ReflectedObject& object)
-{
-    const auto type = object.annotations().find<Meta::MultiSelection::ObjectType>();
-    return type.isValid() ? type->value<Meta::MultiSelection::ObjectType>().name(object) : object.metaObject()->name();
-}
-
 MergedProperty& merged(const std::shared_ptr<MetaProperty>& property)
 {
     return static_cast<MergedProperty&>(*property);
@@ -29,107 +23,40 @@ MergedProperty& merged(const std::shared_ptr<MetaProperty>& property)
 
 } // namespace
 
-/// One object of the selection, and the changes of it that are under way.
-class MultiSelection::Member final : public ObjectObserver
-{
-public:
-    Member(MultiSelection& selection, std::size_t number, const ReflectedObject& object, const BoundProperty& reference)
-        : object(object)
-        , reference(reference)
-        , identity(object.address(), object.metaObject())
-        , type(typeOf(object))
-        , m_selection(selection)
-        , m_number(number)
-    {
-        observe(object);
-    }
-
-    void objectDeleted() override { m_selection.leave(m_number); }
-    void propertyAboutToBeChanged(const BoundProperty& property, ryk::Flags<SetterFlag> setterFlags,
-                                  ryk::Flags<NotifyFlag> notifyFlags) override;
-    void propertyChanged(const BoundProperty& property, ryk::Flags<SetterFlag>, ryk::Flags<NotifyFlag>) override;
-    void propertyAdded(std::size_t, std::size_t) override { m_selection.rebuild(); }
-    void propertyRemoved(std::size_t, std::size_t) override { m_selection.rebuild(); }
-    void propertiesReset() override { m_selection.rebuild(); }
-
-    const ReflectedObject object;
-    const BoundProperty reference;
-    const Identity identity;
-    const std::string type;
-    bool takesPart = false; // else it waits
-
-private:
-    struct Change
-    {
-        const MetaProperty* of;
-        NotifyScope scope; // of the property of the selection
-    };
-
-    MultiSelection& m_selection;
-    const std::size_t m_number;
-    std::vector<std::unique_ptr<Change>> m_changes;
-};
-
-void MultiSelection::Member::propertyAboutToBeChanged(const BoundProperty& property, ryk::Flags<SetterFlag> setterFlags,
-                                                      ryk::Flags<NotifyFlag> notifyFlags)
-{
-    const std::shared_ptr<MetaProperty> shown = takesPart ? m_selection.heardProperty(property) : nullptr;
-    if (!shown)
-        return;
-    MultiSelection& selection = m_selection;
-    const std::size_t number = m_number;
-    auto change = std::make_unique<Change>(
-        property.metaProperty().get(),
-        NotifyScope::beginPropertyChange(merged(shown).bound(), setterFlags, notifyFlags));
-    // Who was told may have taken the object out of the selection, or destroyed that.
-    if (change->scope.property().object().isValid() && selection.m_members.count(number))
-        m_changes.push_back(std::move(change));
-}
-
-void MultiSelection::Member::propertyChanged(const BoundProperty& property, ryk::Flags<SetterFlag>, ryk::Flags<NotifyFlag>)
-{
-    const auto found = std::find_if(m_changes.begin(), m_changes.end(),
-                                    [&](const auto& change) { return change->of == property.metaProperty().get(); });
-    if (found == m_changes.end())
-        return;
-    // Taken out first, for the same reason.
-    const std::unique_ptr<Change> ending = std::move(*found);
-    m_changes.erase(found);
-}
-
 MultiSelection::MultiSelection(Mode, bool onlyEqualTypes) : m_onlyEqualTypes(onlyEqualTypes) {}
 
-MultiSelection::~MultiSelection() = default;
+MultiSelection::~MultiSelection()
+{
+    m_order.clear();
+}
 
 void MultiSelection::merge(const ReflectedObject& object, const BoundProperty& reference)
 {
-    if (!object.isValid() || object.address() == this)
+    const Identity identity(object.address(), object.metaObject());
+    if (!object.isValid() || object.address() == this || isSelected(identity))
         return;
-    const std::size_t number = m_nextNumber;
-    if (!m_numbers.emplace(Identity(object.address(), object.metaObject()), number).second)
-        return;
-    ++m_nextNumber;
-    const Member& member = m_members.try_emplace(m_members.end(), number, *this, number, object, reference)->second;
+    SelectedObject& merged = m_objects.try_emplace(identity, *this, object, reference, typeOf(object)).first->second;
+    m_order.push_back(merged);
 
-    if (m_members.size() == 1)
+    if (m_objects.size() == 1)
         rebuild();
-    else if (!m_onlyEqualTypes || member.type == m_type)
-        join(number);
+    else if (!m_onlyEqualTypes || merged.type() == m_type)
+        join(identity);
 }
 
 bool MultiSelection::unmerge(const ReflectedObject& object)
 {
-    const auto found = object.isValid() ? m_numbers.find(Identity(object.address(), object.metaObject())) : m_numbers.end();
-    if (found == m_numbers.end())
+    const Identity identity(object.address(), object.metaObject());
+    if (!object.isValid() || !isSelected(identity))
         return false;
-    leave(found->second);
+    leave(identity);
     return true;
 }
 
 BoundProperty MultiSelection::parent() const
 {
-    const Member* first = firstMember();
-    return first ? first->reference : BoundProperty();
+    const SelectedObject* const merged = first();
+    return merged ? merged->reference() : BoundProperty();
 }
 
 bool MultiSelection::isMixed(const BoundProperty& property)
@@ -144,48 +71,58 @@ std::string MultiSelection::typeName() const
 
 void MultiSelection::cleared()
 {
-    m_members.clear();
-    m_numbers.clear();
+    m_order.clear();
+    m_objects.clear();
     m_mergedCount = 0;
     m_type.clear();
+    m_ownType = nullptr;
 }
 
-void MultiSelection::setTakesPart(Member& member, bool takesPart)
+std::string MultiSelection::typeOf(const ReflectedObject& object)
 {
-    if (member.takesPart != takesPart)
+    if (object.metaObject() != m_ownType) {
+        const auto type = object.annotations().find<Meta::MultiSelection::ObjectType>();
+        if (type.isValid())
+            return type->value<Meta::MultiSelection::ObjectType>().name(object);
+        m_ownType = object.metaObject();
+    }
+    return m_ownType->name();
+}
+
+void MultiSelection::setTakesPart(SelectedObject& object, bool takesPart)
+{
+    if (object.takesPart() != takesPart)
         m_mergedCount += takesPart ? 1 : std::size_t(-1);
-    member.takesPart = takesPart;
+    object.setTakesPart(takesPart);
 }
 
-const MultiSelection::Member* MultiSelection::firstMember() const
+/// The first of those that take part; null if there is none.
+const SelectedObject* MultiSelection::first() const
 {
-    const auto first =
-        std::find_if(m_members.begin(), m_members.end(), [](const auto& entry) { return entry.second.takesPart; });
-    return first == m_members.end() ? nullptr : &first->second;
+    const auto first = std::find_if(m_order.begin(), m_order.end(), [](const auto& object) { return object.takesPart(); });
+    return first == m_order.end() ? nullptr : &*first;
 }
 
 std::vector<BoundProperty> MultiSelection::targetsOf(const MergedProperty& property) const
 {
     std::vector<BoundProperty> targets;
     targets.reserve(m_mergedCount);
-    for (const auto& [number, member] : m_members) {
-        if (!member.takesPart)
-            continue;
-        BoundProperty target = property.target(member.object);
+    for (const SelectedObject& object : m_order) {
+        BoundProperty target = object.takesPart() ? property.target(object.object()) : BoundProperty();
         if (target.isValid()) // not one that is dying
             targets.push_back(std::move(target));
     }
     return targets;
 }
 
-/// What shows the property of a member; null if nothing does, or nobody listens to that.
-std::shared_ptr<MetaProperty> MultiSelection::heardProperty(const BoundProperty& ofMember) const
+/// What shows the property of an object; invalid if nothing does, or nobody listens to that.
+BoundProperty MultiSelection::heardProperty(const BoundProperty& property) const
 {
     ObjectData& data = *MetaObject::objectDataOf(*this, {}, nullptr);
-    const auto shown = std::find_if(properties().begin(), properties().end(), [&](const auto& property) {
-        return property->name() == ofMember.name() && data.toldData(property) && merged(property).fits(ofMember);
+    const auto shown = std::find_if(properties().begin(), properties().end(), [&](const auto& common) {
+        return common->name() == property.name() && data.toldData(common) && merged(common).fits(property);
     });
-    return shown == properties().end() ? nullptr : *shown;
+    return shown == properties().end() ? BoundProperty() : merged(*shown).bound();
 }
 
 /// Brackets a change of all properties that somebody listens to.
@@ -204,21 +141,21 @@ std::vector<NotifyScope> MultiSelection::changeAll() const
     return changes;
 }
 
-void MultiSelection::join(std::size_t number)
+void MultiSelection::join(Identity identity)
 {
-    dropWhatLacks(m_members.at(number).object);
+    dropWhatLacks(m_objects.at(identity).object());
     // Whoever is told may take the object out again, or clear the selection.
     const std::vector<NotifyScope> changes = changeAll();
-    const auto joining = m_members.find(number);
-    if (joining == m_members.end())
+    const auto joining = m_objects.find(identity);
+    if (joining == m_objects.end())
         return;
     setTakesPart(joining->second, true);
-    m_isNarrowed = m_isNarrowed || joining->second.object.propertyCount() > properties().size();
+    m_isNarrowed = m_isNarrowed || joining->second.object().propertyCount() > properties().size();
 }
 
 void MultiSelection::dropWhatLacks(const ReflectedObject& object)
 {
-    const auto isLacking = [&object](const auto& property) { return !merged(property).target(object).isValid(); };
+    const auto isLacking = [&object](const auto& property) { return !merged(property).isOf(object); };
     if (std::none_of(properties().begin(), properties().end(), isLacking))
         return;
     m_isNarrowed = true;
@@ -226,41 +163,43 @@ void MultiSelection::dropWhatLacks(const ReflectedObject& object)
     const Properties shown = properties();
     for (const std::shared_ptr<MetaProperty>& property : shown) {
         const auto position = std::find(properties().begin(), properties().end(), property);
-        if (position != properties().end() && !merged(property).target(kept).isValid())
+        if (position != properties().end() && !merged(property).isOf(kept))
             removeProperty(static_cast<std::size_t>(position - properties().begin()));
     }
 }
 
-void MultiSelection::leave(std::size_t number)
+void MultiSelection::leave(Identity identity)
 {
-    const auto leaving = m_members.find(number);
-    if (leaving == m_members.end())
+    const auto take = [&] {
+        auto taken = m_objects.extract(identity);
+        if (!taken.empty()) {
+            m_order.erase(m_order.iterator_to(taken.mapped()));
+            setTakesPart(taken.mapped(), false);
+        }
+        return taken;
+    };
+    const auto leaving = m_objects.find(identity);
+    if (leaving == m_objects.end())
         return;
-    m_numbers.erase(leaving->second.identity);
-    if (!leaving->second.takesPart) {
-        m_members.erase(leaving);
+    const bool tookPart = leaving->second.takesPart();
+    if (tookPart && !m_isNarrowed && m_mergedCount > 1) {
+        const std::vector<NotifyScope> changes = changeAll();
+        take();
         return;
     }
-    if (m_isNarrowed || m_mergedCount == 1) {
-        setTakesPart(leaving->second, false);
-        m_members.erase(leaving);
+    take();
+    if (tookPart)
         rebuild();
-        return;
-    }
-    const std::vector<NotifyScope> changes = changeAll();
-    const auto left = m_members.extract(number);
-    if (!left.empty())
-        setTakesPart(const_cast<Member&>(left.mapped()), false);
 }
 
 void MultiSelection::rebuild()
 {
-    const Member* first = firstMember();
-    if (!first && !m_members.empty())
-        first = &m_members.begin()->second;
-    m_type = first ? first->type : std::string();
-    for (auto& [number, member] : m_members)
-        setTakesPart(member, !m_onlyEqualTypes || member.type == m_type);
+    const SelectedObject* leading = first();
+    if (!leading && !m_order.empty())
+        leading = &m_order.front();
+    m_type = leading ? leading->type() : std::string();
+    for (SelectedObject& object : m_order)
+        setTakesPart(object, !m_onlyEqualTypes || object.type() == m_type);
     resetProperties(commonProperties());
 }
 
@@ -268,23 +207,21 @@ GenericObject::Properties MultiSelection::commonProperties()
 {
     Properties common;
     m_isNarrowed = false;
-    const Member* first = firstMember();
-    if (!first)
+    const SelectedObject* const leading = first();
+    if (!leading)
         return common;
 
     const ReflectedObject self = reflect(*this);
-    for (std::size_t index = 0; index < first->object.propertyCount(); ++index) {
-        const auto property = std::make_shared<MergedProperty>(self, first->object.propertyAt(index));
-        bool isCommon = true;
-        for (const auto& [number, member] : m_members) {
-            if (member.takesPart)
-                isCommon = isCommon && property->target(member.object).isValid();
-        }
+    for (std::size_t index = 0; index < leading->object().propertyCount(); ++index) {
+        const auto property = std::make_shared<MergedProperty>(self, leading->object().propertyAt(index));
+        const bool isCommon = std::all_of(m_order.begin(), m_order.end(), [&](const SelectedObject& object) {
+            return !object.takesPart() || property->isOf(object.object());
+        });
         if (isCommon)
             common.push_back(property);
     }
-    m_isNarrowed = std::any_of(m_members.begin(), m_members.end(), [&](const auto& entry) {
-        return entry.second.takesPart && entry.second.object.propertyCount() > common.size();
+    m_isNarrowed = std::any_of(m_order.begin(), m_order.end(), [&](const SelectedObject& object) {
+        return object.takesPart() && object.object().propertyCount() > common.size();
     });
     return common;
 }

@@ -3,16 +3,14 @@
 #include <host/base/host_export.h>
 #include <host/reflection/bound_property.h>
 #include <host/reflection/generic_object.h>
+#include <host/reflection/selected_object.h>
 
-#include <map>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace zarn {
 
 class MergedProperty;
-class NotifyScope;
 
 /// Several objects as one, for a panel that edits all that is selected.
 ///
@@ -43,7 +41,7 @@ public:
     ~MultiSelection() override;
 
     /// Whether there is no object, not even one that waits.
-    bool empty() const { return m_members.empty(); }
+    bool empty() const { return m_objects.empty(); }
     /// How many objects there are, waiting ones not counted.
     std::size_t mergedCount() const { return m_mergedCount; }
 
@@ -63,35 +61,36 @@ public:
 
 private:
     friend class MergedProperty;
+    friend class SelectedObject;
 
-    using Identity = std::pair<const void*, const MetaObject*>;
-    struct IdentityHash
-    {
-        std::size_t operator()(const Identity& identity) const { return std::hash<const void*>()(identity.first); }
-    };
-    class Member;
+    using Identity = SelectedObject::Identity;
+    using Order = boost::intrusive::list<
+        SelectedObject, boost::intrusive::base_hook<boost::intrusive::list_base_hook<boost::intrusive::tag<MultiSelection>>>,
+        boost::intrusive::constant_time_size<false>>;
 
     void cleared() override;
     bool isOpen() const override { return false; }
 
-    void setTakesPart(Member& member, bool takesPart);
-    const Member* firstMember() const;
+    bool isSelected(const Identity& identity) const { return m_objects.count(identity); }
+    std::string typeOf(const ReflectedObject& object);
+    void setTakesPart(SelectedObject& object, bool takesPart);
+    const SelectedObject* first() const;
     std::vector<BoundProperty> targetsOf(const MergedProperty& property) const;
-    std::shared_ptr<MetaProperty> heardProperty(const BoundProperty& ofMember) const;
+    BoundProperty heardProperty(const BoundProperty& property) const;
     std::vector<NotifyScope> changeAll() const;
-    void join(std::size_t number);
+    void join(Identity identity);
     void dropWhatLacks(const ReflectedObject& object);
-    void leave(std::size_t number);
+    void leave(Identity identity);
     void rebuild();
     Properties commonProperties();
 
     bool m_onlyEqualTypes;
     bool m_isNarrowed = false; // some object has a property that others lack
     std::string m_type;
-    std::size_t m_nextNumber = 0;
+    const MetaObject* m_ownType = nullptr; // a class that was found to be a type of its own
+    std::unordered_map<Identity, SelectedObject, SelectedObject::IdentityHash> m_objects;
+    Order m_order; // in which they were selected
     std::size_t m_mergedCount = 0;
-    std::map<std::size_t, Member> m_members; // in the order of selection
-    std::unordered_map<Identity, std::size_t, IdentityHash> m_numbers;
 };
 
 } // namespace zarn

@@ -4,7 +4,6 @@
 #include <host/reflection/reflected_object.h>
 
 #include <memory>
-#include <unordered_map>
 
 class SceneItem;
 
@@ -73,7 +72,6 @@ private:
     QModelIndex indexOfParent(const SceneItem& parent) const;
 
     zarn::ReflectedObject m_sceneObject;
-    std::unordered_multimap<const void*, SceneItem*> m_itemsByObject;
     std::unique_ptr<SceneItem> m_rootItem;
     int m_suppressCounter = 1; // the depth of structural work of which nobody is told row by row
     bool m_rowButtonsVisible = true;

@@ -19,10 +19,17 @@ public:
     T& operator[](std::size_t position) { return m_slots[slotOf(position)]; }
     const T& operator[](std::size_t position) const { return m_slots[slotOf(position)]; }
 
+    /// Makes room for so many more at once.
+    void reserve(std::size_t count)
+    {
+        if (count > m_gapSize)
+            grow(count);
+    }
+
     void insert(std::size_t position, T value)
     {
         if (m_gapSize == 0)
-            grow();
+            grow(1);
         moveGapTo(position);
         m_slots[m_gap] = std::move(value);
         ++m_gap;
@@ -42,11 +49,16 @@ public:
 private:
     std::size_t slotOf(std::size_t position) const { return position < m_gap ? position : position + m_gapSize; }
 
-    void grow()
+    /// By half, by four, or to a gap of what is wanted.
+    void grow(std::size_t wanted)
     {
-        m_gap = m_slots.size();
-        m_gapSize = std::max<std::size_t>(4, m_slots.size() / 2);
-        m_slots.resize(m_slots.size() + m_gapSize);
+        if (m_gapSize > 0)
+            moveGapTo(size());
+        else
+            m_gap = size();
+        const std::size_t added = std::max({std::size_t(4), m_slots.size() / 2, wanted - m_gapSize});
+        m_slots.resize(m_slots.size() + added);
+        m_gapSize += added;
     }
 
     void moveGapTo(std::size_t position)

@@ -35,17 +35,13 @@ SceneItem::SceneItem(zarn::ReflectedObject object, SceneItemModel& model) : m_mo
     init(std::move(object), zarn::BoundProperty(), nullptr);
 }
 
-SceneItem::SceneItem(PrivateCtor, SceneItemModel& model, SceneItem* parent) : m_model(model), m_parent(parent) {}
+SceneItem::SceneItem(PrivateCtor, SceneItemModel& model, SceneItem* parent) : m_parent(parent), m_model(model) {}
 
 SceneItem::~SceneItem()
 {
     m_rootObject.reset();
     for (std::size_t row = 0; row < m_children.size(); ++row)
         m_children[row].reset();
-    const auto known = m_model.m_itemsByObject.equal_range(m_address);
-    const auto own = std::find_if(known.first, known.second, [this](const auto& entry) { return entry.second == this; });
-    if (own != known.second)
-        m_model.m_itemsByObject.erase(own);
 }
 
 void SceneItem::init(zarn::ReflectedObject object, const zarn::BoundProperty& property, Object* collection)
@@ -55,8 +51,6 @@ void SceneItem::init(zarn::ReflectedObject object, const zarn::BoundProperty& pr
         m_name = QString::fromStdString(text->value<Meta::Label::Text>()(property));
     if (const auto expanded = annotations.find<Meta::Expanded>(); expanded.isValid() && !expanded->value<Meta::Expanded>()(object))
         m_expanded = false;
-    m_address = object.address();
-    m_model.m_itemsByObject.emplace(m_address, this);
     initState(object);
     m_watch.observe(object);
     // Walks, and so makes the rows below. Until it is done there is no root node.
@@ -190,21 +184,10 @@ const SceneItem* SceneItem::childAt(int index) const
     return m_children[row].get();
 }
 
-int SceneItem::childIndex(const SceneItem* child) const
+void SceneItem::numberChildren() const
 {
-    if (child->m_parent != this)
-        return -1;
-    const auto isNumbered = [&] { return child->m_row < m_numberedRows && m_children[child->m_row].get() == child; };
-    if (!isNumbered()) {
-        for (; m_numberedRows < m_children.size(); ++m_numberedRows)
-            m_children[m_numberedRows]->m_row = m_numberedRows;
-    }
-    return isNumbered() ? static_cast<int>(child->m_row) : -1;
-}
-
-int SceneItem::selfIndexInParent() const
-{
-    return m_parent ? m_parent->childIndex(this) : -1;
+    for (; m_numberedRows < m_children.size(); ++m_numberedRows)
+        m_children[m_numberedRows]->m_row = m_numberedRows;
 }
 
 SceneItem::Object& SceneItem::insertChild(int index, zarn::ReflectedObject object, const zarn::BoundProperty& property,
@@ -221,8 +204,10 @@ SceneItem::Object& SceneItem::insertChild(int index, zarn::ReflectedObject objec
 
 void SceneItem::eraseChild(int index)
 {
-    m_numberedRows = std::min(m_numberedRows, static_cast<std::size_t>(index));
-    m_children.erase(static_cast<std::size_t>(index));
+    const auto row = static_cast<std::size_t>(index);
+    m_numberedRows = std::min(m_numberedRows, row);
+    m_children[row]->m_row = SIZE_MAX; // it still goes on for a while
+    m_children.erase(row);
 }
 
 SceneItemButtonsModel& SceneItem::buttons()
@@ -234,22 +219,28 @@ SceneItemButtonsModel& SceneItem::buttons()
 
 SceneItem* SceneItem::findSceneItemByItsReflectedObject(const zarn::ReflectedObject& object)
 {
+    // Objects know who follows them, unless they are dead, and then all alike, or have no data.
+    if (!object.isValid() || !object.data())
+        return searchFor(object);
     SceneItem* first = nullptr;
-    // An object that has died is found by no address, and equals all others that have.
-    if (!object.isValid()) {
-        if (!reflectedObject().isValid())
-            return this;
-        for (std::size_t row = 0; !first && row < m_children.size(); ++row)
-            first = m_children[row]->findSceneItemByItsReflectedObject(object);
-        return first;
-    }
-    const auto known = m_model.m_itemsByObject.equal_range(object.address());
-    for (auto entry = known.first; entry != known.second; ++entry) {
-        SceneItem* const item = entry->second;
-        if (item->reflectedObject() == object && item->isWithin(*this) && (!first || item->isBefore(*first)))
-            first = item;
-    }
+    object.data()->observers.lookAt([&](const zarn::ObjectObserver& observer) {
+        const auto* const watch = dynamic_cast<const Watch*>(&observer);
+        if (!watch || &watch->item().m_model != &m_model || !(watch->item().reflectedObject() == object))
+            return;
+        if (watch->item().isWithin(*this) && (!first || watch->item().isBefore(*first)))
+            first = &watch->item();
+    });
     return first;
+}
+
+SceneItem* SceneItem::searchFor(const zarn::ReflectedObject& object)
+{
+    if (reflectedObject() == object)
+        return this;
+    SceneItem* found = nullptr;
+    for (std::size_t row = 0; !found && row < m_children.size(); ++row)
+        found = m_children[row]->searchFor(object);
+    return found;
 }
 
 bool SceneItem::isWithin(const SceneItem& ancestor) const

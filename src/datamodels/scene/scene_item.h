@@ -62,8 +62,15 @@ public:
     /// Null without children; throws `std::out_of_range` for an index past the end.
     const SceneItem* childAt(int index) const;
     /// -1 for what is not a child.
-    int childIndex(const SceneItem* child) const;
-    int selfIndexInParent() const;
+    int childIndex(const SceneItem* child) const
+    {
+        if (child->m_parent != this)
+            return -1;
+        if (child->m_row >= m_numberedRows)
+            numberChildren();
+        return child->m_row < m_numberedRows ? static_cast<int>(child->m_row) : -1;
+    }
+    int selfIndexInParent() const { return m_parent ? m_parent->childIndex(this) : -1; }
     /// This item or the first below it, in the order of the tree, that shows the object; null if there is none.
     SceneItem* findSceneItemByItsReflectedObject(const zarn::ReflectedObject& object);
 
@@ -81,6 +88,7 @@ private:
     {
     public:
         explicit Watch(SceneItem& item) : m_item(item) {}
+        SceneItem& item() const { return m_item; }
 
         void propertyChanged(const zarn::BoundProperty& property, ryk::Flags<zarn::SetterFlag> setterFlags,
                              ryk::Flags<zarn::NotifyFlag> notifyFlags) override;
@@ -108,14 +116,19 @@ private:
     void eraseChild(int index);
     void pushEnabledDown();
     void setParentEnabled(bool enabled);
+    void numberChildren() const;
     SceneItemButtonsModel& buttons();
+    SceneItem* searchFor(const zarn::ReflectedObject& object);
     bool isBefore(const SceneItem& other) const;
     bool isWithin(const SceneItem& ancestor) const;
     std::vector<const SceneItem*> path() const;
 
-    SceneItemModel& m_model;
+    // First what is asked for of every index.
     SceneItem* m_parent = nullptr;
+    mutable std::size_t m_row = SIZE_MAX;   // among the siblings, true where it is one of the numbered ones
+    mutable std::size_t m_numberedRows = 0; // so many of the children, from the first one on
     GapVector<std::unique_ptr<SceneItem>> m_children;
+    SceneItemModel& m_model;
     Followed m_followed;
     Watch m_watch{*this};
     QString m_name;
@@ -124,9 +137,6 @@ private:
     bool m_enabled = true;
     bool m_parentEnabled = true;
     bool m_modified = false;
-    mutable std::size_t m_row = 0;          // among the siblings, true for the numbered ones
-    mutable std::size_t m_numberedRows = 0; // so many of the children, from the first one on
-    const void* m_address = nullptr;  // under which the model finds it
     std::unique_ptr<SceneItemButtonsModel> m_buttonsModel;
     std::unique_ptr<Object> m_rootObject;
     Object* m_collectionObject = nullptr;

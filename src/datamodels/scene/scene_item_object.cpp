@@ -25,18 +25,17 @@ private:
 };
 
 SceneItem::Object::Object(SceneItem& item, zarn::ReflectedObject object, Object* parent)
-    : m_sceneItem(item), m_object(std::move(object)), m_parent(parent), m_level(parent ? parent->m_level + 1 : 0)
+    : m_sceneItem(item)
+    , m_object(std::move(object))
+    , m_parent(parent)
+    , m_level(parent ? parent->m_level + 1 : 0)
+    , m_isRoot(true)
 {
     init();
 }
 
-SceneItem::Object::Object(SceneItem& item, zarn::BoundProperty property, Object* parent, std::size_t place)
-    : m_sceneItem(item)
-    , m_object(property)
-    , m_property(std::move(property))
-    , m_parent(parent)
-    , m_level(parent->m_level + 1)
-    , m_place(place)
+SceneItem::Object::Object(SceneItem& item, const zarn::BoundProperty& property, Object* parent, std::size_t place)
+    : m_sceneItem(item), m_object(property), m_parent(parent), m_level(parent->m_level + 1), m_isRoot(false), m_place(place)
 {
 }
 
@@ -45,16 +44,22 @@ SceneItem::Object::~Object()
     fini();
 }
 
+const zarn::BoundProperty& SceneItem::Object::property() const
+{
+    static const zarn::BoundProperty none;
+    return m_isRoot ? none : m_object.reference();
+}
+
 void SceneItem::Object::init()
 {
-    if (m_property.isValid() && !m_property.visibility().test(zarn::meta_property::VisibilityFlag::Outliner))
+    if (property().isValid() && !property().visibility().test(zarn::meta_property::VisibilityFlag::Outliner))
         return;
-    const zarn::Annotations annotations = m_property.annotations();
+    const zarn::Annotations annotations = property().annotations();
     if (annotations.contain<Meta::Value>() || !isWalkable())
         return;
 
     const auto sceneItem = annotations.find<Meta::SceneItem>();
-    m_isSceneItem = sceneItem.isValid() && sceneItem->value<Meta::SceneItem>()(m_property) && parentInItem();
+    m_isSceneItem = sceneItem.isValid() && sceneItem->value<Meta::SceneItem>()(property()) && parentInItem();
     if (m_isSceneItem)
         makeRow();
     else
@@ -64,7 +69,7 @@ void SceneItem::Object::init()
 /// Whether the object may be walked into: it neither contains itself nor lies too deep.
 bool SceneItem::Object::isWalkable() const
 {
-    if (!m_object.isValid() || !m_property.isValid())
+    if (!m_object.isValid() || !property().isValid())
         return true;
     const bool isLoop = m_parent->contains(m_object);
     if (!isLoop && m_level <= deepestLevel)
@@ -98,7 +103,7 @@ void SceneItem::Object::makeRow()
     });
     const Suppression suppression(model);
     const auto countRow = qScopeGuard([this] { addSceneItems(+1); });
-    m_childRootObject = &m_sceneItem.insertChild(row, m_object, m_property, this);
+    m_childRootObject = &m_sceneItem.insertChild(row, m_object, property(), this);
 }
 
 void SceneItem::Object::dropRow()
@@ -141,7 +146,7 @@ void SceneItem::Object::propertyChanged(const zarn::BoundProperty& property, ryk
 SceneItem::Object* SceneItem::Object::childOver(const zarn::MetaProperty& property, const qelm::Variant& key) const
 {
     const auto isOver = [&](const std::unique_ptr<Object>& child) {
-        return child && child->m_property.metaProperty().get() == &property;
+        return child && child->property().metaProperty().get() == &property;
     };
     if (const std::size_t* place = key.as<std::size_t>(); place && *place < m_children.size() && isOver(m_children[*place]))
         return m_children[*place].get();
@@ -188,7 +193,7 @@ void SceneItem::Object::onPropertyChanged(ryk::Flags<zarn::SetterFlag> setterFla
     if (setterFlags.test(zarn::SetterFlag::Unseen))
         return;
     fini();
-    m_object = zarn::ReflectedObject(m_property);
+    m_object = m_object.reread();
     init();
     if (!parentInItem() && m_sceneItem.m_model.m_suppressCounter == 0)
         m_sceneItem.m_model.onItemDataChanged(m_sceneItem, m_sceneItem, {});
@@ -213,6 +218,7 @@ void SceneItem::Object::insertChildren(std::size_t index, std::size_t count)
 {
     if (!OZY_ASSERT(index <= m_children.size()))
         return;
+    m_children.reserve(count);
     for (std::size_t place = index; place < index + count; ++place) {
         m_children.insert(place, makeChild(place));
         forgetRowsBefore(place);
@@ -258,7 +264,7 @@ void SceneItem::Object::fixChildrenReferences(std::size_t from)
             continue;
         const zarn::BoundProperty property = m_object.propertyAt(place);
         // The keys first, which cost less to compare than values.
-        if (child->m_property.key() == property.key() || !(child->m_object == zarn::ReflectedObject(property)))
+        if (child->property().key() == property.key() || !(child->m_object == zarn::ReflectedObject(property)))
             continue;
         child->fini();
         forgetRowsBefore(place);
@@ -338,8 +344,8 @@ std::size_t SceneItem::Object::sceneRow() const
 std::string SceneItem::Object::fullPath() const
 {
     // Intended: a root node begins with the name of its parent, which then stands there twice.
-    std::string path = m_property.isValid() ? m_property.name() : m_parent ? m_parent->m_property.name() : std::string();
-    for (const Object* parent = m_parent; parent && parent->m_property.isValid(); parent = parent->m_parent)
-        path = path.empty() ? parent->m_property.name() : parent->m_property.name() + "." + path;
+    std::string path = property().isValid() ? property().name() : m_parent ? m_parent->property().name() : std::string();
+    for (const Object* parent = m_parent; parent && parent->property().isValid(); parent = parent->m_parent)
+        path = path.empty() ? parent->property().name() : parent->property().name() + "." + path;
     return path;
 }

@@ -6,7 +6,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 
 class IAssetSelection;
@@ -29,12 +28,13 @@ public:
     /// A root node, which walks at once. `parent` is the node in the parent item that made the item, or null.
     Object(SceneItem& item, zarn::ReflectedObject object, Object* parent);
     /// A node over a property; `init` walks, after the node has been put in its place.
-    Object(SceneItem& item, zarn::BoundProperty property, Object* parent, std::size_t place);
+    Object(SceneItem& item, const zarn::BoundProperty& property, Object* parent, std::size_t place);
     ~Object();
     Q_DISABLE_COPY_MOVE(Object)
 
     const zarn::ReflectedObject& object() const { return m_object; }
-    const zarn::BoundProperty& property() const { return m_property; }
+    /// Invalid for a root node.
+    const zarn::BoundProperty& property() const;
     /// How many rows of the item the node makes, with all below it.
     std::size_t sceneItemCount() const { return m_sceneItemCount; }
     /// The row of the item that the node makes, or that the first one below it would make.
@@ -86,7 +86,7 @@ private:
     void propertiesReset() override;
     std::string fullPath() const;
 
-    const std::optional<Collection>& collection();
+    const Collection* collection();
     template <class Annotation>
     bool isSaid() const;
     const zarn::BoundProperty& buttonProperty() const;
@@ -100,11 +100,11 @@ private:
 
     SceneItem& m_sceneItem;
     zarn::ReflectedObject m_object;
-    zarn::BoundProperty m_property;
-    bool m_isSceneItem = false;
-    bool m_followsStructure = false; // from the end of the walk on
     Object* m_parent;
     int m_level;
+    const bool m_isRoot;
+    bool m_isSceneItem = false;
+    bool m_followsStructure = false; // from the end of the walk on
     GapVector<std::unique_ptr<Object>> m_children; // null for properties without a node
     Object* m_childRootObject = nullptr;
     SceneItemButton* m_iconButton = nullptr;
@@ -116,5 +116,6 @@ private:
     mutable std::size_t m_countedChildren = 0; // so many, from the first one on
     mutable std::size_t m_countedRows = 0;     // which they make
     // Intended: found once, and kept also when the value is another one.
-    std::optional<std::optional<Collection>> m_collection;
+    std::unique_ptr<const Collection> m_collection;
+    bool m_knowsCollection = false;
 };

@@ -34,37 +34,36 @@ template <class Annotation>
 bool SceneItem::Object::isSaid() const
 {
     return m_object.annotations().contain<Annotation>()
-        || (m_property.isValid() && m_property.annotations().contain<Annotation>())
-        || (m_parent && !isInSameItem(m_parent) && m_parent->m_property.annotations().contain<Annotation>());
+        || (property().isValid() && property().annotations().contain<Annotation>())
+        || (m_parent && !isInSameItem(m_parent) && m_parent->property().annotations().contain<Annotation>());
 }
 
-const std::optional<SceneItem::Object::Collection>& SceneItem::Object::collection()
+/// Null for what is none.
+const SceneItem::Object::Collection* SceneItem::Object::collection()
 {
-    if (m_collection)
-        return *m_collection;
-    m_collection.emplace();
-    if (!m_object.isValid())
-        return *m_collection;
+    if (std::exchange(m_knowsCollection, true) || !m_object.isValid())
+        return m_collection.get();
 
     auto size = m_object.annotations().find<Meta::CollectionSize>();
-    if (!size.isValid() && m_property.isValid())
-        size = m_property.annotations().find<Meta::CollectionSize>();
+    if (!size.isValid() && property().isValid())
+        size = property().annotations().find<Meta::CollectionSize>();
     else if (!size.isValid() && m_parent && !isInSameItem(m_parent))
-        size = m_parent->m_property.annotations().find<Meta::CollectionSize>();
+        size = m_parent->property().annotations().find<Meta::CollectionSize>();
     if (!size.isValid())
-        return *m_collection;
+        return nullptr;
 
-    Collection& found = m_collection->emplace();
-    std::tie(found.minSize, found.maxSize) = size->value<Meta::CollectionSize>().bounds(zarn::ReflectedObject(m_property));
+    Collection found;
+    std::tie(found.minSize, found.maxSize) = size->value<Meta::CollectionSize>().bounds(zarn::ReflectedObject(property()));
     found.canInsert = isSaid<Meta::CollectionInsert>();
     found.canRemove = isSaid<Meta::CollectionRemove>();
-    return *m_collection;
+    m_collection = std::make_unique<const Collection>(found);
+    return m_collection.get();
 }
 
 /// What a button of the node stands for.
 const zarn::BoundProperty& SceneItem::Object::buttonProperty() const
 {
-    return m_property.isValid() || !m_parent ? m_property : m_parent->m_property;
+    return property().isValid() || !m_parent ? property() : m_parent->property();
 }
 
 void SceneItem::Object::addIconButton()
@@ -73,7 +72,7 @@ void SceneItem::Object::addIconButton()
     const Object* root = this;
     while (root->parentInItem())
         root = root->m_parent;
-    m_iconButton = m_sceneItem.buttons().addButton(m_property, fullPath(),
+    m_iconButton = m_sceneItem.buttons().addButton(property(), fullPath(),
                                                    UserButtonHandler{root->m_object, fullPath(), &m_sceneItem.m_model});
 }
 
@@ -100,7 +99,7 @@ void SceneItem::Object::updateDeleteButton()
     if (!m_parent)
         return;
     Object* const owner = isInSameItem(m_parent) ? m_parent : m_parent->m_parent;
-    const std::optional<Collection> bounds = owner ? owner->collection() : std::nullopt;
+    const Collection* const bounds = owner ? owner->collection() : nullptr;
     const bool isWanted = bounds && bounds->canRemove && bounds->minSize < owner->m_children.size();
     if (isWanted && !m_deleteButton) {
         m_deleteButton = m_sceneItem.buttons().addButton(
@@ -132,7 +131,7 @@ void SceneItem::Object::deleteElements(IAssetSelection* selection)
 
     const zarn::ReflectedObject container = owner->m_object;
     const zarn::ReflectedObject object = element->m_object;
-    const std::string name = element->m_property.name();
+    const std::string name = element->property().name();
     const auto said = container.reference().annotations().find<Meta::Selection>();
     if (selection && said.isValid() && said->value<Meta::Selection>().first == clearsSelection)
         selection->beforeDelete();

@@ -2,16 +2,14 @@
 
 namespace zarn {
 
-Annotations::untyped_iterator::untyped_iterator(std::shared_ptr<const Items> items, Ozy::BasicStringRef<char> name)
-    : m_items(std::move(items)), m_name(name)
+Annotations::untyped_iterator::untyped_iterator(std::shared_ptr<const Items> items, std::size_t position)
+    : m_items(std::move(items)), m_position(position)
 {
-    settle();
 }
 
 Annotations::untyped_iterator& Annotations::untyped_iterator::operator++()
 {
-    ++m_position;
-    settle();
+    m_position = position(*m_items, get()->type()->name(), m_position + 1);
     return *this;
 }
 
@@ -25,12 +23,6 @@ Annotations::untyped_iterator Annotations::untyped_iterator::operator++(int)
 bool Annotations::untyped_iterator::operator==(const untyped_iterator& other) const
 {
     return isValid() == other.isValid() && (!isValid() || get() == other.get());
-}
-
-void Annotations::untyped_iterator::settle()
-{
-    while (isValid() && m_name != (*m_items)[m_position].type()->name())
-        ++m_position;
 }
 
 Annotations::Annotations(std::initializer_list<qelm::Variant> values)
@@ -62,12 +54,19 @@ Annotations& Annotations::operator+=(const Annotations& others)
 
 Annotations::untyped_iterator Annotations::find(Ozy::BasicStringRef<char> typeName) const
 {
-    return {m_items, typeName};
+    return m_items ? untyped_iterator(m_items, position(*m_items, typeName, 0)) : untyped_iterator();
 }
 
 boost::iterator_range<Annotations::untyped_iterator> Annotations::equal_range(Ozy::BasicStringRef<char> typeName) const
 {
     return {find(typeName), untyped_iterator()};
+}
+
+std::size_t Annotations::position(const Items& items, Ozy::BasicStringRef<char> typeName, std::size_t from)
+{
+    while (from < items.size() && items[from].type()->name() != typeName)
+        ++from;
+    return from;
 }
 
 Annotations::Items& Annotations::own()

@@ -47,12 +47,10 @@ public:
     private:
         friend class Annotations;
 
-        untyped_iterator(std::shared_ptr<const Items> items, Ozy::BasicStringRef<char> name);
-        void settle();
+        untyped_iterator(std::shared_ptr<const Items> items, std::size_t position);
 
         std::shared_ptr<const Items> m_items;
         std::size_t m_position = 0;
-        std::string m_name;
     };
 
     Annotations() = default;
@@ -66,7 +64,7 @@ public:
     /// In the order given; `index` must be below `size`.
     const qelm::Variant& at(std::size_t index) const { return (*m_items)[index]; }
 
-    bool contain(Ozy::BasicStringRef<char> typeName) const { return find(typeName).isValid(); }
+    bool contain(Ozy::BasicStringRef<char> typeName) const { return m_items && position(*m_items, typeName, 0) < size(); }
     untyped_iterator find(Ozy::BasicStringRef<char> typeName) const;
     boost::iterator_range<untyped_iterator> equal_range(Ozy::BasicStringRef<char> typeName) const;
 
@@ -103,6 +101,8 @@ private:
         return str;
     }
 
+    /// Of the first of that name from `from` on; past the end if there is none.
+    static std::size_t position(const Items& items, Ozy::BasicStringRef<char> typeName, std::size_t from);
     Items& own();
 
     std::shared_ptr<Items> m_items;

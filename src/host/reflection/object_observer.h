@@ -72,6 +72,14 @@ public:
             (observer->*operation)(arguments...);
     }
 
+    /// Looks at each, in their order, without telling anything; they must not change meanwhile.
+    template <class Look>
+    void lookAt(Look look) const
+    {
+        for (const ObjectObserver& observer : m_observers)
+            look(observer);
+    }
+
 private:
     using List = boost::intrusive::list<ObjectObserver, boost::intrusive::constant_time_size<false>>;
 

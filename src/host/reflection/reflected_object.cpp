@@ -10,8 +10,7 @@ namespace zarn {
 
 ReflectedObject::ReflectedObject(const BoundProperty& property)
 {
-    if (property.isValid() && !property.isMethod())
-        initFromValue(property.get());
+    read(property);
     m_reference = std::make_shared<BoundProperty>(property);
 }
 
@@ -33,6 +32,12 @@ void ReflectedObject::init(qelm::Variant value, const TypeInfo& type, const Boun
     m_reference = reference ? std::make_shared<BoundProperty>(*reference) : nullptr;
 }
 
+void ReflectedObject::read(const BoundProperty& property)
+{
+    if (property.isValid() && !property.isMethod())
+        initFromValue(property.get());
+}
+
 void ReflectedObject::initFromValue(const qelm::Variant& value)
 {
     if (const auto* wrapped = value.as<ReflectedObject>()) {
@@ -47,6 +52,16 @@ void ReflectedObject::initFromValue(const qelm::Variant& value)
     m_metaObject = metaObject->mostDerived(const_cast<void*>(value.pointee()));
     m_address = m_metaObject->objectPointer(m_value);
     m_data = m_address ? m_metaObject->objectData(*this) : nullptr;
+}
+
+ReflectedObject ReflectedObject::reread() const
+{
+    ReflectedObject now;
+    if (m_reference) {
+        now.read(*m_reference);
+        now.m_reference = m_reference;
+    }
+    return now;
 }
 
 std::size_t ReflectedObject::hash() const
@@ -121,7 +136,13 @@ bool ReflectedObject::removePropertyAt(std::size_t index) const
     return isValid() && m_metaObject->removeProperty(*this, index);
 }
 
-BoundProperty ReflectedObject::reference() const
+const BoundProperty& ReflectedObject::reference() const&
+{
+    static const BoundProperty none;
+    return m_reference ? *m_reference : none;
+}
+
+BoundProperty ReflectedObject::reference() const&&
 {
     return m_reference ? *m_reference : BoundProperty();
 }

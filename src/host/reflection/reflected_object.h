@@ -76,7 +76,11 @@ public:
     bool removePropertyAt(std::size_t index) const;
 
     /// The property through which the object was reached; invalid for one reached directly.
-    BoundProperty reference() const;
+    const BoundProperty& reference() const&;
+    BoundProperty reference() const&&;
+    /// What the property through which the object was reached holds now; invalid for an object reached directly. Shares
+    /// `reference` with this one.
+    ReflectedObject reread() const;
 
     ryk::Connection connectPropertiesAboutToBeReset(ObjectSlot slot) const;
     ryk::Connection connectPropertiesReset(ObjectSlot slot) const;
@@ -92,6 +96,7 @@ public:
     const std::shared_ptr<ObjectData>& data() const { return m_data; }
 
 private:
+    void read(const BoundProperty& property);
     void initFromValue(const qelm::Variant& value);
 
     qelm::Variant m_value;

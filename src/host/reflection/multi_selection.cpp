@@ -27,7 +27,7 @@ MultiSelection::MultiSelection(Mode, bool onlyEqualTypes) : m_onlyEqualTypes(onl
 
 MultiSelection::~MultiSelection()
 {
-    m_order.clear();
+    MultiSelection::cleared(); // while whoever is told can still ask it
 }
 
 void MultiSelection::merge(const ReflectedObject& object, const BoundProperty& reference)
@@ -72,10 +72,11 @@ std::string MultiSelection::typeName() const
 void MultiSelection::cleared()
 {
     m_order.clear();
-    m_objects.clear();
     m_mergedCount = 0;
     m_type.clear();
     m_ownType = nullptr;
+    // The changes that are under way end with the objects, and who is told of that may select others.
+    const auto gone = std::exchange(m_objects, {});
 }
 
 std::string MultiSelection::typeOf(const ReflectedObject& object)

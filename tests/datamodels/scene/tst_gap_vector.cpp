@@ -70,6 +70,17 @@ private Q_SLOTS:
         QCOMPARE(values(vector), (QList<int>{0, 2, 3, 4, 7, 9}));
     }
 
+    void roomThatIsMadeKeepsTheOrder()
+    {
+        GapVector<int> vector = made({1, 2, 3, 4, 5});
+        vector.erase(1, 1);
+
+        vector.reserve(10);
+        vector.insert(1, 9);
+
+        QCOMPARE(values(vector), (QList<int>{1, 9, 3, 4, 5}));
+    }
+
     void anErasedElementHasLeftWhenItIsDestroyed()
     {
         GapVector<std::shared_ptr<void>> vector;

@@ -136,6 +136,42 @@ private Q_SLOTS:
         QCOMPARE(reflect(selection).findPropertyByName("speed").get().value<int>(), 10);
     }
 
+    void anObjectThatComesOrGoesIsOneChangeOfAllProperties()
+    {
+        TwoBoats boats;
+        Boat third;
+        QStringList lines;
+        const auto note = [&lines](const char* what) {
+            return [&lines, what](const BoundProperty& told) { lines << what + QString::fromStdString(told.name()); };
+        };
+        const ryk::ScopedConnection listening[] = {
+            boats.property("speed").connectPropertyAboutToBeChanged(note("about ")),
+            boats.property("speed").connectPropertyChanged(note("changed ")),
+            boats.property("draught").connectPropertyAboutToBeChanged(note("about ")),
+            boats.property("draught").connectPropertyChanged(note("changed ")),
+        };
+
+        boats.selection.merge(reflect(third), {});
+        QCOMPARE(std::exchange(lines, {}), (QStringList{"about speed", "about draught", "changed speed", "changed draught"}));
+
+        boats.selection.unmerge(reflect(third));
+        QCOMPARE(lines, (QStringList{"about speed", "about draught", "changed speed", "changed draught"}));
+    }
+
+    void aSelectionThatDiesInTheMiddleOfAChangeEndsItWithoutObjects()
+    {
+        Boat boat;
+        auto selection = std::make_unique<MultiSelection>();
+        selection->merge(reflect(boat), {});
+        PropertyStory story(reflect(*selection).findPropertyByName("speed"));
+        const BoundProperty speed = reflect(boat).findPropertyByName("speed");
+        const ryk::ScopedConnection killing = speed.connectPropertyAboutToBeChanged([&] { selection.reset(); });
+
+        QVERIFY(speed.set(20, {}));
+
+        QCOMPARE(story.take(), (QStringList{"about 10", "changed "}));
+    }
+
     void theSameObjectMergesOnce()
     {
         Boat boat;

@@ -506,6 +506,21 @@ private Q_SLOTS:
         QVERIFY(engine.reference() == property);
     }
 
+    void anObjectIsReadAgainByTheWayByWhichItWasReached()
+    {
+        Boat boat;
+        const BoundProperty property = reflect(boat).findPropertyByName("engine");
+        const ReflectedObject before(property);
+        boat.engine = std::make_unique<Engine>();
+
+        const ReflectedObject now = before.reread();
+
+        QVERIFY(!before.isValid());
+        QVERIFY(now == reflect(*boat.engine));
+        QCOMPARE(&now.reference(), &before.reference());
+        QVERIFY(!reflect(boat).reread().isValid());
+    }
+
     void aHandleThatAPropertyHoldsIsUnwrapped()
     {
         Yard yard;

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 

@@ -263,6 +263,45 @@ private Q_SLOTS:
         QVERIFY(!desk.item("remove").isEnabled());
     }
 
+    void theButtonsOfALockedObjectSayThatItIs()
+    {
+        SceneDesk desk;
+        desk.pressButton("Lamps", "unlock");
+        desk.open("Lamps");
+
+        desk.pressButton("North lamp", "trash");
+
+        QCOMPARE(desk.treeNames(), lampsOpen);
+        QCOMPARE(desk.text("message"), "North lamp is locked, or in a locked group. Unlock it first.");
+    }
+
+    void aButtonOfSeveralSelectedRowsDoesNothingWhereOneIsLocked()
+    {
+        SceneDesk desk;
+        desk.open("Lamps");
+        desk.pressButton("South lamp", "unlock");
+        desk.select("North lamp");
+        desk.select("South lamp", Qt::ControlModifier);
+
+        desk.pressButton("North lamp", "trash");
+
+        QCOMPARE(desk.treeNames(), lampsOpen);
+        QCOMPARE(desk.text("message"), "South lamp is locked, or in a locked group. Unlock it first.");
+    }
+
+    void aLockedObjectCanBeHiddenAndUnlocked()
+    {
+        SceneDesk desk;
+        desk.pressButton("Start", "unlock");
+
+        desk.pressButton("Start", "eye");
+        desk.pressButton("Start", "lock");
+
+        QVERIFY(!desk.object("Start").isVisible);
+        QVERIFY(!desk.object("Start").isLocked);
+        QVERIFY(!desk.item("message").isVisible());
+    }
+
     void whatIsSelectedStaysSoWhileRowsAboveItGo()
     {
         SceneDesk desk;

@@ -93,6 +93,6 @@ Rectangle {
         height: parent.height
         buttons: model.rowButtonsModel
         isActive: row.isHovered || row.isSelected
-        selection: outliner.assetSelection
+        onPressed: outliner.pressButton(index, button, alt)
     }
 }

@@ -3,15 +3,15 @@ import QtQuick.Templates 2.15 as T
 import Editor 1.0
 
 // The buttons of a row, each in the column of its place: quiet until the row is under the pointer, but for switches that
-// are off their usual side. With Alt a switch exchanges the selected objects with their siblings.
+// are off their usual side. With Alt a switch is to exchange the selected objects with their siblings.
 Item {
     id: strip
 
     property var buttons
-    property var selection
     property bool isActive: false
     readonly property int columns: 5
     readonly property int step: 19
+    signal pressed(var button, bool alt)
     readonly property var icons: ({ "model_asset/add": "add", "model_asset/delete": "trash" })
 
     width: columns * step
@@ -31,7 +31,7 @@ Item {
             focusPolicy: Qt.NoFocus
             hoverEnabled: true
             opacity: hovered || isUnusual ? 1 : strip.isActive ? 0.7 : model.showOnlyOnHover ? 0 : 0.22
-            onClicked: model.action.invoke(strip.selection, alt)
+            onClicked: strip.pressed(model.action, alt)
 
             property bool alt: false
             MouseArea {

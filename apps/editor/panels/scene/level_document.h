@@ -49,14 +49,14 @@ public:
     /// The same, but where edits would be lost only when it is asked for again; the first time says so.
     Q_INVOKABLE void askToReload();
     Q_INVOKABLE void dismissMessage() { setMessage(QString()); }
+    /// Says why something was not done, until the next message or until it is put away.
+    void setMessage(const QString& message);
 
 Q_SIGNALS:
     void levelChanged();
     void messageChanged();
 
 private:
-    void setMessage(const QString& message);
-
     QString m_path;
     std::shared_ptr<Level> m_level = std::make_shared<Level>();
     std::shared_ptr<Ozy::ChangesController> m_history = std::make_shared<Ozy::ChangesController>();

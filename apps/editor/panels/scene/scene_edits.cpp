@@ -3,6 +3,7 @@
 #include "panels/texts.h"
 #include "scene_outliner.h"
 
+#include <datamodels/scene/scene_item_button.h>
 #include <datamodels/scene_roles.h>
 #include <host/reflection/bound_property.h>
 #include <host/reflection/cast.h>
@@ -53,6 +54,29 @@ bool SceneOutliner::isLocked(const zarn::ReflectedObject& object)
 {
     const QModelIndex index = m_model.indexOf(object);
     return index.isValid() && isRowLocked(index);
+}
+
+/// The first of the rows that a button of a row acts on that is locked; invalid if none is.
+QModelIndex SceneOutliner::lockedAmongPressed(int row) const
+{
+    const QModelIndex pressed = m_filter.mapToSource(m_rows.mapToSource(m_rows.index(row, 0)));
+    const QModelIndexList rows = m_selection.isSelected(pressed) ? m_selection.selectedIndexes() : QModelIndexList{pressed};
+    const auto locked = std::find_if(rows.begin(), rows.end(), &isRowLocked);
+    return locked == rows.end() ? QModelIndex() : *locked;
+}
+
+void SceneOutliner::pressButton(int row, QObject* button, bool exchanges)
+{
+    auto* const pressed = qobject_cast<SceneItemButton*>(button);
+    if (!pressed)
+        return;
+    const bool isAllowed = pressed->name() == QLatin1String("locked") || pressed->name() == QLatin1String("visible");
+    const QModelIndex locked = isAllowed ? QModelIndex() : lockedAmongPressed(row);
+    if (!locked.isValid())
+        pressed->invoke(&m_assetSelection, exchanges);
+    else
+        m_document.setMessage(
+            QStringLiteral("%1 is locked, or in a locked group. Unlock it first.").arg(locked.data().toString()));
 }
 
 bool SceneOutliner::canRemove() const

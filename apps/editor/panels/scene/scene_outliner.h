@@ -16,14 +16,13 @@ namespace editor {
 /// The way of a row: `SceneItemModel`, `SceneFilter`, `TreeRows`, view. The selection is one of the model's rows, so it
 /// outlives filtering and closing of branches; and since rows are made anew when elements of a collection move, it
 /// finds the selected objects again after each step of the history. Every edit is one step. Locked objects are not
-/// removed. `framed` tells that an object is wanted in sight. The document must outlive it. Thread: GUI.
+/// edited. `framed` tells that an object is wanted in sight. The document must outlive it. Thread: GUI.
 class SceneOutliner : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(editor::SceneFilter* filter READ filter CONSTANT)
     Q_PROPERTY(editor::TreeRows* rows READ rows CONSTANT)
     Q_PROPERTY(editor::TreeCursor* cursor READ cursor CONSTANT)
-    Q_PROPERTY(IAssetSelection* assetSelection READ assetSelection CONSTANT)
     Q_PROPERTY(QPointF newPlace MEMBER m_newPlace) ///< where objects are added, in metres
     Q_PROPERTY(bool isEmpty READ isEmpty NOTIFY rowsChanged)
     Q_PROPERTY(int selectedCount READ selectedCount NOTIFY selectionChanged)
@@ -38,7 +37,6 @@ public:
     TreeRows* rows() { return &m_rows; }
     TreeCursor* cursor() { return &m_cursor; }
     QItemSelectionModel* selection() { return &m_selection; }
-    IAssetSelection* assetSelection() { return &m_assetSelection; }
     bool isEmpty() const { return m_rows.rowCount() == 0; }
     int selectedCount() const { return m_selection.selectedIndexes().size(); }
     bool canRemove() const;
@@ -57,6 +55,9 @@ public:
     /// Selects all rows that the filter leaves, in closed branches too.
     Q_INVOKABLE void selectAll();
     Q_INVOKABLE void clearSelection();
+    /// What a click on a button of a row does, on all selected rows if that is one of them. Of locked objects the locks and
+    /// the eyes can be turned and nothing else: the document then says so.
+    Q_INVOKABLE void pressButton(int row, QObject* button, bool exchanges);
 
     /// Adds an object of a class ("Actor", "Group", "Light", "SpawnPoint", "Path") where the current one is: in it if
     /// it is a group, else beside it; and selects it.
@@ -82,6 +83,7 @@ private:
     void restore();
     QModelIndexList acceptedRows(const QModelIndex& parent) const;
     zarn::ReflectedObject collectionFor(const QModelIndex& sourceIndex);
+    QModelIndex lockedAmongPressed(int row) const;
 
     LevelDocument& m_document;
     SceneItemModel m_model;

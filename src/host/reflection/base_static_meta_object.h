@@ -61,6 +61,8 @@ public:
         return index < 0 ? nullptr : m_properties.at(static_cast<std::size_t>(index));
     }
 
+    bool hasOnlyCommonProperties() const override { return true; }
+
     using MetaObject::addProperty;
     void addProperty(std::shared_ptr<MetaProperty> property) { m_properties.add(std::move(property)); }
 

@@ -83,6 +83,8 @@ public:
     virtual std::size_t propertyCount(const ReflectedObject& object) const;
     /// A property that all objects of the class have in common, by name; null if there is none.
     virtual std::shared_ptr<MetaProperty> findCommonProperty(Ozy::BasicStringRef<char> name) const;
+    /// Whether no object has properties but those.
+    virtual bool hasOnlyCommonProperties() const { return false; }
     /// The meta-object of the class that an object of this class really is of; this one where that has none.
     virtual MetaObject* mostDerived(void* object) const;
 

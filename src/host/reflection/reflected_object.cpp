@@ -110,9 +110,11 @@ BoundProperty ReflectedObject::findPropertyByName(Ozy::BasicStringRef<char> name
         return {};
     if (std::shared_ptr<MetaProperty> own = m_metaObject->findCommonProperty(name))
         return {*this, std::move(own)};
-    const int index = m_metaObject->indexOfProperty(*this, qelm::Variant(std::string(name)));
-    if (index >= 0)
-        return propertyAt(static_cast<std::size_t>(index));
+    if (!m_metaObject->hasOnlyCommonProperties()) {
+        const int index = m_metaObject->indexOfProperty(*this, qelm::Variant(std::string(name)));
+        if (index >= 0)
+            return propertyAt(static_cast<std::size_t>(index));
+    }
     const std::size_t dot = name.find('.');
     if (dot == name.npos)
         return {};

@@ -97,7 +97,7 @@ private:
     static const char* nameOf()
     {
         const char* str = qelm::metaType<T>().name();
-        OZY_ASSERT(str != 0);
+        OZY_ASSERT_AS("str != 0", str);
         return str;
     }
 

@@ -129,6 +129,7 @@ qelm::Variant MergedProperty::get(const BoundProperty&) const
         return isMixed() ? qelm::Variant() : all.front().get();
 
     std::vector<qelm::Variant> values;
+    values.reserve(all.size());
     for (const BoundProperty& target : all)
         values.push_back(target.get());
     return reduce->value<Meta::MultiSelection::ReduceMap>().reduce(values);

@@ -16,10 +16,10 @@ class ReflectedObject;
 /// Follows one object: its structure, the changes of any of its properties, and its death.
 ///
 /// For what follows a great many objects: it costs the observer a few pointers and the object no more than it has without
-/// one, where each signal takes a record of its own. Whoever follows a single property, or a few objects, connects to the signals.
-/// Observers are told ahead of the slots of the signal of the same name, in the order in which they began. One that stops
-/// meanwhile is not told any more, one that begins meanwhile is told from the next time on; each may be destroyed in any of
-/// these. Thread: GUI only.
+/// one, where each signal takes a record of its own. Whoever follows a single property, or a few objects, connects to the
+/// signals. Observers are told ahead of the slots of the signal of the same name, in the order in which they began. One that
+/// stops meanwhile is not told any more, one that begins meanwhile is told from the next time on; each may be destroyed in
+/// any of these. Thread: GUI only.
 class DATAMODELS_HOST_API ObjectObserver : public boost::intrusive::list_base_hook<>
 {
 public:

@@ -16,7 +16,8 @@ namespace zarn {
 class MultiSelection;
 
 /// One object of a selection, which it follows, and the changes of it that are under way. Owned by the selection.
-class SelectedObject final : public ObjectObserver, public boost::intrusive::list_base_hook<boost::intrusive::tag<MultiSelection>>
+class SelectedObject final : public ObjectObserver,
+                             public boost::intrusive::list_base_hook<boost::intrusive::tag<MultiSelection>>
 {
 public:
     /// By which it is found also when the object is dead.
@@ -26,7 +27,8 @@ public:
         std::size_t operator()(const Identity& identity) const { return std::hash<const void*>()(identity.first); }
     };
 
-    SelectedObject(MultiSelection& selection, const ReflectedObject& object, const BoundProperty& reference, std::string type);
+    SelectedObject(MultiSelection& selection, const ReflectedObject& object, const BoundProperty& reference,
+                   std::string type);
 
     const ReflectedObject& object() const { return m_object; }
     const BoundProperty& reference() const { return m_reference; }
@@ -47,6 +49,8 @@ public:
 private:
     struct Change
     {
+        Change(const MetaProperty* property, NotifyScope begun) : of(property), scope(std::move(begun)) {}
+
         const MetaProperty* of;
         NotifyScope scope; // of the property of the selection
     };

@@ -1,12 +1,12 @@
 #include "atlas_panel.h"
 
+#include "panels/content_files.h"
 #include "panels/texts.h"
 
 #include <host/reflection/static_meta_object.h>
 #include <host/undo/commit_changes_scope.h>
 
 #include <QDir>
-#include <QDirIterator>
 
 #include <algorithm>
 
@@ -96,12 +96,7 @@ void AtlasPanel::crop()
 
 QStringList AtlasPanel::files(const QString& folder, const QString& pattern) const
 {
-    QStringList files;
-    const QDir content(m_content);
-    for (QDirIterator it(content.filePath(folder), {pattern}, QDir::Files, QDirIterator::Subdirectories); it.hasNext();)
-        files << content.relativeFilePath(it.next());
-    files.sort();
-    return files;
+    return contentFiles(m_content, folder, pattern);
 }
 
 void AtlasPanel::showSelected()

@@ -1,12 +1,11 @@
 #include "scene_form.h"
 
+#include "panels/content_files.h"
+
 #include <host/reflection/bound_property.h>
 #include <host/reflection/cast.h>
 #include <host/reflection/meta.h>
 #include <host/variant/variant_converter.h>
-
-#include <QDir>
-#include <QDirIterator>
 
 #include <algorithm>
 
@@ -63,12 +62,7 @@ QString SceneForm::textOf(const char* property) const
 
 QStringList SceneForm::files(const QString& folder, const QString& pattern) const
 {
-    QStringList files;
-    const QDir content(m_content);
-    for (QDirIterator it(content.filePath(folder), {pattern}, QDir::Files, QDirIterator::Subdirectories); it.hasNext();)
-        files << content.relativeFilePath(it.next());
-    files.sort();
-    return files;
+    return contentFiles(m_content, folder, pattern);
 }
 
 void SceneForm::show()
